@@ -1,0 +1,90 @@
+#pragma once
+
+#include "host/app/document.h"
+#include "host/app/faults.h"
+#include "host/app/ledger.h"
+#include "host/app/registry.h"
+#include "host/drawing/drawing_io.h"
+#include "host/ui/front_end.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace host
+{
+
+/// What the programs give a session. Folders are real paths (UTF-8), without a separator at the end.
+struct SessionOptions
+{
+    std::string userDataFolder;              ///< in place of the user's; empty: $XDG_CONFIG_HOME/PLX/Kavendo
+    std::vector<std::string> symbolFolders;  ///< searched by file name when a symbol file's own path does not exist
+};
+
+/// A symbol drawing that could not be read, and why.
+struct UnreadableFile
+{
+    std::u16string path;
+    std::string reason;
+};
+
+/// A running host: documents, commands, reader and writer, front end. The free functions of the host reach it through
+/// `current()`; sessions nest (the inner one is current), each is left in the reverse order.
+/// Ends with its documents closed and its module unloaded.
+class Session
+{
+public:
+    Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEnd, SessionOptions options = {});
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    /// The innermost session; there must be one.
+    static Session& current();
+    static bool hasCurrent();
+
+    AcApDocManager& documents() { return m_documents; }
+    AcEdCommandStack& commands() { return m_commands; }
+    AcEditor& editor() { return m_editor; }
+    FrontEnd& frontEnd() { return m_frontEnd; }
+    DrawingReader& reader() { return m_reader; }
+    DrawingWriter& writer() { return m_writer; }
+    const SessionOptions& options() const { return m_options; }
+    Faults& faults() { return *m_faults; }
+    void setFaults(Faults* faults);
+
+    using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void*);
+    /// Starts a module through its entry point; it is stopped when the session ends. `file` is the module's own file.
+    void loadModule(EntryPoint entry, std::string file);
+    void unloadModule();
+    /// The real path of a loaded module's file by its name ("Veloxa.arx"); empty when it is not loaded.
+    std::string moduleFile(std::u16string_view name) const;
+
+    /// Runs a command as the user would, by local or global name ("zoom" with its options included), then what was
+    /// sent to the command line. False when there is none of that name, or no drawing is open.
+    bool runCommand(std::u16string_view line);
+    /// Runs what was sent to the command line; the programs call it after each user action.
+    void runPending();
+
+    /// Saves the current document; throws what the writer throws.
+    void saveCurrent(const std::u16string& path);
+
+    std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
+
+private:
+    Session* m_outer;
+    DrawingReader& m_reader;
+    DrawingWriter& m_writer;
+    FrontEnd& m_frontEnd;
+    SessionOptions m_options;
+    Faults m_noFaults;
+    Faults* m_faults = &m_noFaults;
+    AcEditor m_editor;
+    AcEdCommandStack m_commands;
+    AcApDocManager m_documents;
+    EntryPoint m_entry = nullptr;
+    std::string m_moduleFile;
+    std::vector<UnreadableFile> m_unreadable;
+};
+
+} // namespace host

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/drawing/entity.h"
+
+#include <string>
+#include <vector>
+
+/// One cross-section as its alignment keeps it. Lengths in drawing units.
+struct SectionRecord
+{
+    std::u16string name;
+    AcGePoint3d pointA; ///< ends of the section line in the plan
+    AcGePoint3d pointB;
+    AcGePoint3d basePoint;       ///< offset 0 on the datum of the section's own drawing
+    AcDbObjectId groundLineId;   ///< polyline of that drawing; null when there is none
+    AcDbObjectIdArray pointIds;  ///< survey points of the section
+    std::vector<double> dcOffsets;
+    uint16_t flags = 0;          ///< bit 0x02: features have been drawn
+    AcDbObjectIdArray drawnIds;  ///< what the last drawing placed; null ids may stand among them
+};
+
+/// A road centre line with its cross-sections (PLXDBALIGNMENT). `flags` and `drawnIds` of its records can be changed
+/// while it is open for write; nothing else of a loaded alignment is.
+class PlxDbAlignment : public AcDbEntity
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    const std::u16string& name() const { return m_name; }
+    double scaleValue() const { return m_scaleValue; }
+    double extent1() const { return m_extent1; }
+    double extent2() const { return m_extent2; }
+    const std::vector<SectionRecord>& sections() const { return m_sections; }
+
+    /// Sets bits of a record's flag word. Out of range: nothing happens.
+    void setSectionFlag(size_t index, uint16_t bits);
+    void setDrawnIds(size_t index, AcDbObjectIdArray ids);
+    std::vector<CurvePath> curves() const override;
+
+protected:
+    void decode(TagReader& pairs) override;
+    void encode(TagWriter& out) const override;
+
+private:
+    std::u16string m_name;
+    double m_scaleValue = 0.0;
+    double m_extent1 = 0.0;
+    double m_extent2 = 0.0;
+    std::vector<SectionRecord> m_sections;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/drawing/entity.h"
+
+#include <map>
+
+/// A point of a survey: a position and numbered text fields, of which field 1 is the feature code.
+class PlxDbPointObj : public AcDbEntity
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    /// The text of a field; empty when the point has none of that number.
+    std::u16string Get(int field) const;
+    AcGePoint3d GetPoint() const { return m_position; }
+    void addExtents(AcGeExtents& extents) const override;
+
+protected:
+    void decode(TagReader& pairs) override;
+
+private:
+    AcGePoint3d m_position;
+    std::map<int, std::u16string> m_fields;
+};
+
+/// A measured survey point: what stands in drawings as PLXDBMEASUREPOINTOBJ.
+class PlxDbMeasurePointObj : public PlxDbPointObj
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "host/drawing/object.h"
+#include "host/drawing/store.h"
+#include "host/geometry/point3d.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AcDbBlockTable;
+class AcDbDatabase;
+class AcDbDatabaseReactor;
+class AcDbDictionary;
+class AcDbDimStyleTable;
+class AcDbEntity;
+class AcDbLayerTable;
+class AcDbLinetypeTable;
+class AcDbRegAppTable;
+class AcDbSymbolTable;
+class AcDbTextStyleTable;
+class AcDbUCSTable;
+class AcDbViewTable;
+class AcDbViewportTable;
+class BlockIndex;
+class HandleTable;
+class HeaderVariables;
+class ResidentCache;
+class TableIndex;
+
+enum class DwgShareMode { kForReadAndReadShare };
+constexpr DwgShareMode kForReadAndReadShare = DwgShareMode::kForReadAndReadShare;
+
+/// A drawing: the text of its file, an index over it, and what was changed since. Owns every object in it.
+/// Not copyable; ids and records stay valid until it is destroyed. One thread.
+class AcDbDatabase
+{
+public:
+    /// `buildDefaultDrawing` must be false: a drawing comes from a file. `noDocument` has no effect.
+    explicit AcDbDatabase(bool buildDefaultDrawing = false, bool noDocument = false);
+    AcDbDatabase(const AcDbDatabase&) = delete;
+    AcDbDatabase& operator=(const AcDbDatabase&) = delete;
+    ~AcDbDatabase();
+
+    /// Reads a symbol drawing with the session's reader. `eFileNotFound`, `eFilerError`; the reason is noted in the
+    /// session (`Session::unreadableFiles`).
+    Acad::ErrorStatus readDwgFile(const char16_t* path, DwgShareMode mode = kForReadAndReadShare,
+                                  bool allowCodePageConversion = false, const char16_t* password = nullptr);
+    /// Makes the model space of `source` a block definition `name` of this drawing, with everything it uses; what this
+    /// drawing has under a name already is kept. `eInvalidInput` for an invalid name, `eDuplicateRecordName` for one
+    /// that is taken, `eSelfReference` when blocks of the source contain each other in a circle.
+    Acad::ErrorStatus insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
+                             bool preserveSourceDatabase = true);
+
+    template <class Table>
+    Acad::ErrorStatus getSymbolTable(Table*& table, AcDb::OpenMode mode = AcDb::kForRead)
+    {
+        return acdbOpenObject(table, tableId(Table::desc()), mode);
+    }
+    Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    /// The table whose objects are of class `tableClass`; null when the drawing has none.
+    AcDbObjectId tableId(const AcRxClass* tableClass);
+
+    AcDbObjectId clayer();
+    bool tilemode();
+    AcGePoint3d ucsorg();
+    AcGeVector3d ucsxdir();
+    AcGeVector3d ucsydir();
+    AcGePoint3d pucsorg();
+    AcGeVector3d pucsxdir();
+    AcGeVector3d pucsydir();
+
+    /// The id of a handle; with `createIfNotFound` an id that cannot be opened stands for a handle of nothing.
+    Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle);
+
+    void addReactor(AcDbDatabaseReactor* reactor);
+    void removeReactor(AcDbDatabaseReactor* reactor);
+    const std::vector<AcDbDatabaseReactor*>& reactors() const { return m_reactors; }
+
+    /// Takes over what a reader found. Only on an empty database.
+    void adopt(DrawingStore store);
+    const DrawingStore& store() const { return m_store; }
+    DrawingStore& store() { return m_store; }
+    int version() const { return m_store.version; }
+    const TextEncoding& encoding() const { return *m_store.encoding; }
+
+    HeaderVariables& header() { return *m_header; }
+    BlockIndex& blocks() { return *m_blocks; }
+    TableIndex& tables() { return *m_tables; }
+    ResidentCache& residents() { return *m_residents; }
+    HandleTable& handles() { return *m_handles; }
+
+    /// A record for something new at the end of a container, with a fresh handle. Its text follows at close.
+    ObjectRecord& addRecord(uint32_t container, std::string_view dxfName);
+    /// Gives a record text of its own (counted as a change).
+    void setRecordText(ObjectRecord& record, std::string_view text);
+    /// Erases a record or brings it back, with the sub-entities that follow it.
+    void setErased(ObjectRecord& record, bool erased);
+    uint64_t takeHandle();
+    uint64_t nextHandle() const { return m_nextHandle; }
+
+    /// Every record that differs from the file, for the writer: changed, erased and added ones, each once.
+    const std::vector<ObjectRecord*>& changed() const { return m_changed; }
+    bool isModified() const;
+    const AcRxClass* classOf(const ObjectRecord& record);
+    std::u16string_view dxfNameOf(const ObjectRecord& record) const;
+
+private:
+    friend class AcDbObject;
+    friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
+
+    void noteChange(ObjectRecord& record);
+    std::unique_ptr<AcDbObject> load(ObjectRecord& record);
+
+    DrawingStore m_store;
+    std::vector<ObjectRecord*> m_changed;
+    std::vector<std::unique_ptr<char[]>> m_ownTexts;
+    std::unique_ptr<HeaderVariables> m_header;
+    std::unique_ptr<BlockIndex> m_blocks;
+    std::unique_ptr<TableIndex> m_tables;
+    std::unique_ptr<ResidentCache> m_residents;
+    std::unique_ptr<HandleTable> m_handles;
+    std::vector<AcDbDatabaseReactor*> m_reactors;
+    RecordPool m_dangling;
+    uint64_t m_nextHandle = 1;
+};
+
+/// Hears what happens to a database. Every notification does nothing unless overridden.
+class AcDbDatabaseReactor
+{
+public:
+    virtual ~AcDbDatabaseReactor() = default;
+    virtual void goodbye(const AcDbDatabase*) {}
+};

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "host/drawing/entity.h"
+#include "host/geometry/point2d.h"
+
+/// A lightweight polyline: plane, of straight and arc segments.
+class AcDbPolyline : public AcDbCurve
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    AcDbPolyline() = default;
+    explicit AcDbPolyline(unsigned int vertices) { m_vertices.reserve(vertices); }
+
+    unsigned int numVerts() const { return static_cast<unsigned int>(m_vertices.size()); }
+    /// The vertex in world coordinates.
+    Acad::ErrorStatus getPointAt(unsigned int index, AcGePoint3d& point) const;
+    Acad::ErrorStatus getPointAt(unsigned int index, AcGePoint2d& point) const;
+    double bulgeAt(unsigned int index) const { return m_vertices[index].bulge; }
+    /// Inserts a vertex before `index`. Widths below zero mean the default width.
+    Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge = 0.0,
+                                  double startWidth = -1.0, double endWidth = -1.0);
+    bool isClosed() const override { return m_closed; }
+    void setClosed(bool closed);
+    double elevation() const { return m_elevation; }
+    void setElevation(double elevation);
+    AcGeVector3d normal() const { return m_normal; }
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
+    std::vector<CurvePath> curves() const override;
+
+    /// Takes the shape of a 2-D polyline. Not for splined ones; `transferId` is not supported and must be false.
+    Acad::ErrorStatus convertFrom(AcDbEntity*& entity, bool transferId = true);
+
+protected:
+    void decode(TagReader& pairs) override;
+    void encode(TagWriter& out) const override;
+    const IndexedPath* path() const override;
+
+private:
+    struct Vertex
+    {
+        AcGePoint2d point;
+        double bulge = 0.0;
+        double startWidth = 0.0;
+        double endWidth = 0.0;
+    };
+
+    std::vector<Vertex> m_vertices;
+    bool m_closed = false;
+    double m_elevation = 0.0;
+    AcGeVector3d m_normal{0.0, 0.0, 1.0};
+    mutable std::unique_ptr<IndexedPath> m_path;
+};
+
+/// Walks the vertices of a 2-D or 3-D polyline in order. Belongs to the caller.
+class AcDbObjectIterator
+{
+public:
+    explicit AcDbObjectIterator(AcDbObjectIdArray ids) : m_ids{std::move(ids)} {}
+    void start() { m_at = 0; }
+    bool done() const { return m_at >= m_ids.size(); }
+    void step() { ++m_at; }
+    AcDbObjectId objectId() const { return m_ids[m_at]; }
+
+private:
+    AcDbObjectIdArray m_ids;
+    size_t m_at = 0;
+};
+
+/// A polyline whose vertices are objects of their own; base of the 2-D and 3-D kinds. Only read from drawings.
+class AcDbVertexPolyline : public AcDbCurve
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    std::unique_ptr<AcDbObjectIterator> vertexIterator() const;
+    bool isClosed() const override { return (m_flags & 1) != 0; }
+
+protected:
+    void decode(TagReader& pairs) override;
+    int flags() const { return m_flags; }
+
+    int m_flags = 0;
+    double m_elevation = 0.0;
+    AcGeVector3d m_normal{0.0, 0.0, 1.0};
+    mutable std::unique_ptr<IndexedPath> m_path;
+};
+
+class AcDbVertex : public AcDbEntity
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    AcGePoint3d position() const { return m_position; }
+    double bulge() const { return m_bulge; }
+    int flags() const { return m_flags; }
+
+protected:
+    void decode(TagReader& pairs) override;
+
+private:
+    AcGePoint3d m_position;
+    double m_bulge = 0.0;
+    int m_flags = 0;
+};
+
+class AcDb2dVertex : public AcDbVertex
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    AcDb::Vertex2dType vertexType() const;
+};
+
+class AcDb3dPolylineVertex : public AcDbVertex
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+
+class AcDb2dPolyline : public AcDbVertexPolyline
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    double elevation() const { return m_elevation; }
+    AcGeVector3d normal() const { return m_normal; }
+    /// Opens one of this polyline's vertices.
+    Acad::ErrorStatus openVertex(AcDb2dVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode) const;
+    std::vector<CurvePath> curves() const override;
+    /// Whether it is splined or curve-fitted: such a polyline has no lightweight form.
+    bool isFitted() const { return (flags() & (2 | 4)) != 0; }
+
+protected:
+    const IndexedPath* path() const override;
+};
+
+class AcDb3dPolyline : public AcDbVertexPolyline
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+    std::vector<CurvePath> curves() const override;
+
+protected:
+    const IndexedPath* path() const override;
+};

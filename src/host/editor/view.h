@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/geometry/extents.h"
+#include "host/geometry/point2d.h"
+
+#include <optional>
+#include <vector>
+
+class AcDbDatabase;
+
+/// What a document's window shows of the plan: the rectangle that polygon selections see. Extents are worked out only
+/// when something asks what is shown.
+class View
+{
+public:
+    explicit View(AcDbDatabase& database) : m_database{database} {}
+
+    /// Lower left and upper right corner of what is shown, in drawing units. Starts as the drawing's stored view.
+    AcGeExtents shown();
+    void zoomExtents();
+    void zoomWindow(const AcGePoint2d& a, const AcGePoint2d& b);
+    /// Back to what was shown before the last zoom; nothing when there is no such view.
+    void zoomPrevious();
+    /// Width divided by height of the window.
+    void setAspect(double aspect) { m_aspect = aspect; }
+
+private:
+    /// A view: a window, or (when empty) the drawing's extents at the moment it was asked for.
+    struct Frame
+    {
+        std::optional<AcGeExtents> window;
+    };
+
+    AcDbDatabase& m_database;
+    std::vector<Frame> m_previous;
+    std::optional<Frame> m_current;
+    double m_aspect = 1.6;
+};
+
+/// What the drawing covers in plan: every live entity of model space on a layer that is not frozen.
+AcGeExtents drawingExtents(AcDbDatabase& database);
