@@ -1,0 +1,40 @@
+#include "host/app/paths.h"
+
+#include "host/text.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+namespace
+{
+
+std::filesystem::path configHome()
+{
+    // A relative folder would mean another place in every working directory.
+    if (const char* config = std::getenv("XDG_CONFIG_HOME"); config != nullptr && config[0] == '/')
+        return config;
+    const char* home = std::getenv("HOME");
+    return home != nullptr && home[0] == '/' ? std::filesystem::path(home) / ".config" : std::filesystem::path{};
+}
+
+} // namespace
+
+std::string nativePath(std::u16string_view path)
+{
+    std::string native = toUtf8(path);
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return native;
+}
+
+std::optional<std::u16string> roamingFolder()
+{
+    const std::filesystem::path folder = configHome();
+    if (folder.empty())
+        return std::nullopt;
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!std::filesystem::is_directory(folder, error))
+        return std::nullopt;
+    return toUtf16(folder.string());
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Numbers as the user types them and as the files hold them: always with a point, whatever the locale. A text of any
+/// length will do.
+
+/// The decimal number at the start of `text`, behind white space: sign, digits, point, exponent, as far as they form
+/// one; 0 when there is none (also for words such as "inf"). Too large gives infinity, too small 0.
+double ToReal(std::u16string_view text);
+
+/// The integer at the start of `text`, behind white space; 0 when there is none. Too large gives the largest, too
+/// small the smallest `int`.
+int ToInteger(std::u16string_view text);
+
+/// `value` with `decimals` digits behind the point.
+std::u16string FormatReal(double value, int decimals);
+
+/// `value` in decimal.
+std::u16string FormatInteger(int value);
