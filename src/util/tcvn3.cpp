@@ -108,3 +108,11 @@ std::string EncodeText(std::u16string_view text)
         bytes += unit < kEndOfLetters ? kByteOfUnit[unit] : lowByte(unit);
     return bytes;
 }
+
+std::u16string DecodeStoredText(std::u16string_view stored, size_t limit)
+{
+    std::string bytes;
+    for (const char16_t unit : stored.substr(0, limit))
+        bytes += unit < 0x100 ? static_cast<char>(unit) : kNoByte;
+    return DecodeText(bytes);
+}

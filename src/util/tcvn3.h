@@ -15,3 +15,7 @@ std::u16string DecodeText(std::string_view bytes);
 /// The 8-bit text of `text`: the letters of the set as their byte, everything else as the low byte of its code, and
 /// "?" where that byte is zero.
 std::string EncodeText(std::u16string_view text);
+
+/// The wide text of `stored`, a caption or string-table text: TCVN3 bytes kept as the code units of the same value. At
+/// most `limit` of them count; a unit that is no byte counts as "?".
+std::u16string DecodeStoredText(std::u16string_view stored, size_t limit);

@@ -1,0 +1,3 @@
+#include "sections/database_cs.h"
+
+DatabaseCS g_DatabaseCS;
