@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/geometry/intersect.h"
+
+class CrossingList;
+
+/// A path that is asked many times where others meet it. Owns the path and beside it an index made at the first
+/// question: a level path of straight segments that never turns back in x is searched by halving, any other level path
+/// by boxes around 16 segments each; what is not level is asked plainly. Answers exactly what `intersect` answers.
+/// Not for use by several threads at once, since the first question writes.
+class IndexedPath
+{
+public:
+    IndexedPath() = default;
+    explicit IndexedPath(CurvePath path) : m_path(std::move(path)) {}
+
+    const CurvePath& path() const { return m_path; }
+
+    /// The same as `::intersect(path(), other, points)`.
+    void intersect(const CurvePath& other, AcGePoint3dArray& points) const;
+    /// Where the straight way between two points at the path's own elevation meets it, without a path made for that way.
+    /// No points unless the path is level.
+    void intersectLine(const AcGePoint2d& from, const AcGePoint2d& to, AcGePoint3dArray& points) const;
+
+private:
+    enum class Order
+    {
+        Unknown,
+        RisingX,
+        FallingX,
+        Boxes
+    };
+    static constexpr std::size_t kChunk = 16;
+
+    template <typename Other>
+    void search(const Other& other, const Box2d& otherBox, AcGePoint3dArray& points) const;
+    template <typename Other>
+    void searchOrdered(const Other& other, const Box2d& reach, CrossingList& list) const;
+    template <typename Other>
+    void searchBoxes(const Other& other, const Box2d& reach, CrossingList& list) const;
+    void prepare() const;
+    std::size_t firstReaching(double x) const;
+
+    CurvePath m_path;
+    mutable Order m_order = Order::Unknown;
+    mutable std::vector<Box2d> m_boxes;
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/geometry/crossing_list.h"
+#include "host/geometry/curve_path.h"
+
+/// Crossing of plane paths that are known to lie in one plane, in that plane's coordinates. Whoever asks for a part of
+/// the segments of `a` (`IndexedPath`) goes through the same steps as who asks for all.
+
+/// The box of a path's segments.
+Box2d boxOfSegments(const CurvePath& path);
+
+/// Adds where two segments meet, `own` being one of the path the list is about; answers whether they do.
+inline bool addCrossings(const BoxedSegment& own, const BoxedSegment& other, double elevation, CrossingList& list)
+{
+    PlaceList places;
+    findCrossings(own, other, places);
+    for (const AcGePoint2d& p : places)
+        list.add({p.x, p.y, elevation});
+    return places.count() > 0;
+}
+
+/// Orders what was added for the segment `own` of a path.
+inline void endCrossingsOfSegment(const BoxedSegment& own, CrossingList& list)
+{
+    const Segment2d piece{own.from, own.to};
+    list.endSegment([&](const AcGePoint3d& p) { return piece.fractionAt({p.x, p.y}); });
+}
+
+/// Adds where segment `segment` of `a` meets one other segment.
+inline void addCrossingsOfSegment(const CurvePath& a, std::size_t segment, const BoxedSegment& other,
+                                  CrossingList& list)
+{
+    const BoxedSegment own{a.segmentStart(segment), a.segmentEnd(segment)};
+    if (addCrossings(own, other, a.elevation(), list))
+        endCrossingsOfSegment(own, list);
+}
+
+/// Adds where segment `segment` of `a` meets `b`.
+inline void addCrossingsOfSegment(const CurvePath& a, std::size_t segment, const CurvePath& b, CrossingList& list)
+{
+    const BoxedSegment own{a.segmentStart(segment), a.segmentEnd(segment)};
+    bool any = false;
+    for (std::size_t i = 0; i < b.segmentCount(); ++i)
+        any = addCrossings(own, {b.segmentStart(i), b.segmentEnd(i)}, a.elevation(), list) || any;
+    if (any)
+        endCrossingsOfSegment(own, list);
+}
+
+/// Ends the list after the last segment of `a`.
+void endCrossings(const CurvePath& a, CrossingList& list);
+
+/// Whether two level or otherwise parallel heights are the same one for paths of this size.
+bool isSameHeight(double a, double b, double magnitude);

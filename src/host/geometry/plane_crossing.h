@@ -1,0 +1,57 @@
+#pragma once
+
+#include "host/geometry/point3d.h"
+#include "host/geometry/segment2d.h"
+
+/// A segment of a plane path with the box that decides what it can meet. Cheap to make; refers to nothing.
+struct BoxedSegment
+{
+    BoxedSegment(const PathVertex& first, const PathVertex& second)
+        : from(first), to(second), box(Segment2d::box(first, second)), magnitude(box.magnitude())
+    {
+    }
+
+    PathVertex from;
+    PathVertex to;
+    Box2d box;
+    double magnitude;
+};
+
+/// The tolerance two segments are held to: the place where they meet is no farther out than the smaller of them.
+inline double pairTolerance(const BoxedSegment& a, const BoxedSegment& b)
+{
+    return placeTolerance(std::min(a.magnitude, b.magnitude));
+}
+
+/// Where two segments of one plane meet: up to four places (two of crossing, the rest of touching ends).
+class PlaceList
+{
+public:
+    void add(const AcGePoint2d& p) { m_places[m_count++] = p; }
+    /// Adds a place unless one as near as `tolerance` is there.
+    void addNew(const AcGePoint2d& p, double tolerance)
+    {
+        const bool known = std::any_of(
+            begin(), end(), [&](const AcGePoint2d& q) { return (p - q).lengthSqrd() <= tolerance * tolerance; });
+        if (!known && m_count < kMost)
+            add(p);
+    }
+    const AcGePoint2d* begin() const { return m_places; }
+    const AcGePoint2d* end() const { return m_places + m_count; }
+    int count() const { return m_count; }
+    void clear() { m_count = 0; }
+
+private:
+    static constexpr int kMost = 6;
+    AcGePoint2d m_places[kMost];
+    int m_count = 0;
+};
+
+/// Adds where two segments of one plane meet, in no particular order; see `intersect` for what counts. Segments whose
+/// boxes are farther apart than `pairTolerance` never meet.
+void findCrossings(const BoxedSegment& a, const BoxedSegment& b, PlaceList& places);
+
+/// Where a whole straight line (a point and a unit direction) meets the whole circle of an arc: 0 to 2 places, one when
+/// it only touches within `tolerance`.
+void findOnCircle(const AcGePoint2d& point, const AcGeVector2d& direction, const Segment2d& arc, double tolerance,
+                  PlaceList& places);
