@@ -17,7 +17,7 @@ from ezdxf.addons.drawing.config import Configuration
 from ezdxf.addons.drawing.matplotlib import MatplotlibBackend
 
 COLUMNS = 10
-CELL = 3.4
+CELL = 3.7
 
 folder, out, *names = sys.argv[1:]
 paths = sorted(path for path in pathlib.Path(folder).glob("*.dxf") if not names or path.stem in names)
@@ -36,7 +36,7 @@ for cell, path in zip(cells.flat, paths):
     config = Configuration.defaults().with_changes(lineweight_scaling=0.35)
     Frontend(context, MatplotlibBackend(cell), config=config).draw_layout(space, finalize=False)
     cell.plot([0], [0], marker="+", color="red", markersize=5, markeredgewidth=0.7, zorder=100)
-    top = 3.1 if space.query("*") and cell.dataLim.y1 > 1.2 else CELL / 2
+    top = 3.2 if cell.dataLim.y1 > CELL / 3 else CELL / 2
     cell.set_xlim(-CELL / 2, CELL / 2)
     cell.set_ylim(top - CELL, top)
     cell.set_aspect("equal")
