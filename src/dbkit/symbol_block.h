@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The block that a symbol file becomes: the last level of its path without its last four characters, the ending.
+std::u16string SymbolBlockName(std::u16string_view path);
+
+/// The block definition of a symbol file in the current drawing. A block of its name that is there already is the one,
+/// whatever it holds; else the file is read and inserted. Nothing when that fails. The caller holds the document lock.
+std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path);

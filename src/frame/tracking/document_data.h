@@ -1,0 +1,60 @@
+#pragma once
+
+#include "host/app/document.h"
+
+#include <memory>
+#include <vector>
+
+class ArxDbReactor;
+
+/// What the module keeps of one open document.
+struct CDocData
+{
+    ~CDocData();
+
+    ArxDbReactor* m_reactor = nullptr; ///< owned; on the document's database, or none
+};
+
+/// One record per open document, made when it is first asked for and deleted before the document goes. Hears of that
+/// as a reactor of the document manager, from construction to destruction.
+template <class Data>
+class AsdkDataManager : public AcApDocManagerReactor
+{
+public:
+    AsdkDataManager() { acDocManagerPtr()->addReactor(this); }
+    ~AsdkDataManager() override { acDocManagerPtr()->removeReactor(this); }
+    AsdkDataManager(const AsdkDataManager&) = delete;
+    AsdkDataManager& operator=(const AsdkDataManager&) = delete;
+
+    /// The record of a document.
+    Data& RecordFor(AcApDocument* document)
+    {
+        for (const Entry& entry : m_entries)
+            if (entry.document == document)
+                return *entry.data;
+        m_entries.push_back({document, std::make_unique<Data>()});
+        return *m_entries.back().data;
+    }
+
+    void documentToBeDestroyed(AcApDocument* document) override
+    {
+        std::erase_if(m_entries, [document](const Entry& entry) { return entry.document == document; });
+    }
+
+    size_t size() const { return m_entries.size(); }
+    void clear() { m_entries.clear(); }
+
+    /// While false, a newly opened drawing gets no reactor.
+    bool isTracking() const { return m_tracking; }
+    void setTracking(bool on) { m_tracking = on; }
+
+private:
+    struct Entry
+    {
+        AcApDocument* document;
+        std::unique_ptr<Data> data;
+    };
+
+    std::vector<Entry> m_entries;
+    bool m_tracking = true;
+};
