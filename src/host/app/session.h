@@ -71,6 +71,10 @@ public:
 
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
 
+    /// The real path to read for a symbol file as the module names it: the path itself when it exists, else the first
+    /// file of that name (letter case ignored) in the session's symbol folders, else the path itself.
+    std::string symbolFile(std::u16string_view path) const;
+
 private:
     Session* m_outer;
     DrawingReader& m_reader;
@@ -86,5 +90,8 @@ private:
     std::string m_moduleFile;
     std::vector<UnreadableFile> m_unreadable;
 };
+
+/// Whether a database may be changed now: it belongs to no document, its document is locked, or no session runs.
+bool writeAllowed(const AcDbDatabase* database);
 
 } // namespace host

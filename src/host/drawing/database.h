@@ -10,7 +10,6 @@
 #include <vector>
 
 class AcDbBlockTable;
-class AcDbDatabase;
 class AcDbDatabaseReactor;
 class AcDbDictionary;
 class AcDbDimStyleTable;
@@ -91,8 +90,11 @@ public:
     ResidentCache& residents() { return *m_residents; }
     HandleTable& handles() { return *m_handles; }
 
-    /// A record for something new at the end of a container, with a fresh handle. Its text follows at close.
+    /// A record for something new at the end of a container, with a fresh handle. Its text follows.
     ObjectRecord& addRecord(uint32_t container, std::string_view dxfName);
+    /// Takes a fresh object into a container, owned by the object with handle `owner`: it belongs to the database from
+    /// then on, is open for write, and is encoded when it is closed.
+    ObjectRecord& take(AcDbObject& object, uint32_t container, uint64_t owner);
     /// Gives a record text of its own (counted as a change).
     void setRecordText(ObjectRecord& record, std::string_view text);
     /// Erases a record or brings it back, with the sub-entities that follow it.
@@ -100,29 +102,33 @@ public:
     uint64_t takeHandle();
     uint64_t nextHandle() const { return m_nextHandle; }
 
-    /// Every record that differs from the file, for the writer: changed, erased and added ones, each once.
+    /// Every record that was changed, erased or added since the file was read, for the writer; each once.
     const std::vector<ObjectRecord*>& changed() const { return m_changed; }
     bool isModified() const;
     const AcRxClass* classOf(const ObjectRecord& record);
-    std::u16string_view dxfNameOf(const ObjectRecord& record) const;
+    std::string_view dxfNameOf(const ObjectRecord& record) const;
+    /// Why a record may not be opened for write now (locked layer, a refusal of the session); `eOk` when it may. A
+    /// write outside the document's lock is let through and noted in the ledger.
+    Acad::ErrorStatus refuseWrite(const ObjectRecord& record);
 
 private:
-    friend class AcDbObject;
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
     void noteChange(ObjectRecord& record);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);
+    bool isOnLockedLayer(const ObjectRecord& record);
 
     DrawingStore m_store;
     std::vector<ObjectRecord*> m_changed;
-    std::vector<std::unique_ptr<char[]>> m_ownTexts;
+    std::vector<const AcRxClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for
     std::unique_ptr<HeaderVariables> m_header;
     std::unique_ptr<BlockIndex> m_blocks;
     std::unique_ptr<TableIndex> m_tables;
     std::unique_ptr<ResidentCache> m_residents;
     std::unique_ptr<HandleTable> m_handles;
     std::vector<AcDbDatabaseReactor*> m_reactors;
-    RecordPool m_dangling;
+    RecordPool m_danglingPool;
+    std::unordered_map<uint64_t, ObjectRecord*> m_dangling;
     uint64_t m_nextHandle = 1;
 };
 

@@ -60,11 +60,15 @@ public:
 
 protected:
     friend class AcDbDatabase;
+    friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
     /// Fills the fields from the object's own pairs. A loaded object only; called once after it was made.
     virtual void decode(TagReader& pairs);
     /// Writes the pairs of an object made here, from behind its handle and owner (the base writes 0, 5, 330).
     virtual void encode(TagWriter& out) const;
+
+    /// Says that the pairs contradict themselves; from within `decode`. The object is then not opened.
+    void damaged() { m_damaged = true; }
 
     /// The object's own pairs as they are now; empty for an object made here and not closed yet.
     std::string_view pairs() const;
@@ -75,11 +79,19 @@ protected:
     std::string encodeText(std::u16string_view text) const;
 
 private:
+    friend class ResidentCache;
+
+    bool isOpen() const { return m_readers > 0 || m_writing; }
+    void encodeRecord();
+
     ObjectRecord* m_record = nullptr;
+    uint64_t m_owner = 0;     ///< handle of the owner of a fresh object
     uint32_t m_readers = 0;
     bool m_writing = false;
-    bool m_fresh = true;         ///< made here: the fields are the truth, encoded at close
-    std::string m_addedXData;    ///< extended data given to a fresh object, as pairs
+    bool m_fresh = true;      ///< made here: the fields are the truth, encoded at close
+    bool m_damaged = false;
+    bool m_kept = false;      ///< stands in the cache of objects closed last
+    std::string m_freshXData; ///< extended data given to a fresh object, as pairs
 };
 
 /// Opens an object as `T`. `openErased` opens erased ones too. On failure `object` is null.

@@ -1,0 +1,106 @@
+#include "host/drawing/block_index.h"
+
+#include "host/drawing/database.h"
+#include "host/drawing/table_index.h"
+
+void BlockIndex::load()
+{
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    DrawingStore& store = m_database.store();
+    for (uint32_t i = 0; i < store.containers.size(); ++i)
+    {
+        const Container& container = store.containers[i];
+        if (container.kind == Container::kEntities)
+            m_entities = i;
+        if (container.kind == Container::kBlock)
+            m_contents.emplace(m_database.encoding().decode(container.name), i);
+    }
+    for (const AcDbObjectId id : m_database.tables().live("BLOCK_RECORD"))
+    {
+        const auto found = m_contents.find(nameOfRecord(*id.record()));
+        if (found == m_contents.end())
+            continue;
+        m_recordOf.emplace(found->second, id.record());
+        m_containerOf.emplace(id.record(), found->second);
+    }
+    m_modelSpace = m_database.tables().find("BLOCK_RECORD", u"*Model_Space");
+    m_paperSpace = m_database.tables().find("BLOCK_RECORD", u"*Paper_Space");
+}
+
+ObjectRecord* BlockIndex::record(std::u16string_view name)
+{
+    return m_database.tables().find("BLOCK_RECORD", name);
+}
+
+ObjectRecord* BlockIndex::ownerOf(const ObjectRecord& entity)
+{
+    load();
+    if (entity.container == m_entities)
+        return entity.has(ObjectRecord::kPaperSpace) ? m_paperSpace : m_modelSpace;
+    const auto found = m_recordOf.find(entity.container);
+    return found != m_recordOf.end() ? found->second : nullptr;
+}
+
+uint32_t BlockIndex::containerOf(const ObjectRecord& blockRecord)
+{
+    load();
+    if (&blockRecord == m_modelSpace || &blockRecord == m_paperSpace)
+        return m_entities;
+    const auto found = m_containerOf.find(&blockRecord);
+    return found != m_containerOf.end() ? found->second : npos;
+}
+
+AcDbObjectIdArray BlockIndex::entities(const ObjectRecord& blockRecord)
+{
+    return entitiesIn(containerOf(blockRecord), &blockRecord == m_paperSpace);
+}
+
+AcDbObjectIdArray BlockIndex::entitiesIn(uint32_t index, bool paperSpace)
+{
+    AcDbObjectIdArray ids;
+    if (index == npos)
+        return ids;
+    DrawingStore& store = m_database.store();
+    const Container& container = store.containers[index];
+    const bool bySpace = container.kind == Container::kEntities;
+    const auto take = [&](ObjectRecord& record)
+    {
+        if (!record.has(ObjectRecord::kErased) && !record.has(ObjectRecord::kSubEntity) &&
+            (!bySpace || record.has(ObjectRecord::kPaperSpace) == paperSpace))
+            ids.emplace_back(&record);
+    };
+    for (size_t order = container.first; order < container.last; ++order)
+        take(store.records[order]);
+    for (ObjectRecord* record : container.added)
+        take(*record);
+    return ids;
+}
+
+Container* BlockIndex::contents(std::u16string_view name)
+{
+    load();
+    const auto found = m_contents.find(std::u16string{name});
+    return found != m_contents.end() ? &m_database.store().containers[found->second] : nullptr;
+}
+
+void BlockIndex::add(const std::u16string& name, ObjectRecord& blockRecord, uint32_t container)
+{
+    load();
+    m_contents.insert_or_assign(name, container);
+    m_recordOf.insert_or_assign(container, &blockRecord);
+    m_containerOf.insert_or_assign(&blockRecord, container);
+}
+
+bool BlockIndex::isModelSpace(const ObjectRecord& blockRecord)
+{
+    load();
+    return &blockRecord == m_modelSpace;
+}
+
+bool BlockIndex::isPaperSpace(const ObjectRecord& blockRecord)
+{
+    load();
+    return &blockRecord == m_paperSpace;
+}

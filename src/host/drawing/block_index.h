@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+#include "host/drawing/record.h"
+#include "host/drawing/store.h"
+#include "host/text.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AcDbDatabase;
+
+/// Which entities stand in which block: the two sides of a block in a drawing file (its record in the table, its
+/// contents among the blocks or in the ENTITIES section) brought together.
+class BlockIndex
+{
+public:
+    explicit BlockIndex(AcDbDatabase& database) : m_database{database} {}
+
+    /// The block's record by name; null when there is none (or only an erased one).
+    ObjectRecord* record(std::u16string_view name);
+    /// The block record an entity stands in; null when the drawing has none (older than R2000).
+    ObjectRecord* ownerOf(const ObjectRecord& entity);
+    /// Index of the container that new entities of the block go to; npos when the block has no contents.
+    uint32_t containerOf(const ObjectRecord& blockRecord);
+    /// The block's entities in drawing order: live ones, without vertices and attributes.
+    AcDbObjectIdArray entities(const ObjectRecord& blockRecord);
+    /// The same by the contents' container (a block of a drawing older than R2000 has no record).
+    AcDbObjectIdArray entitiesIn(uint32_t container, bool paperSpace);
+    /// The block's contents (kBlock) by name; null when there is none.
+    Container* contents(std::u16string_view name);
+    /// Makes a block that was just added known.
+    void add(const std::u16string& name, ObjectRecord& blockRecord, uint32_t container);
+
+    bool isModelSpace(const ObjectRecord& blockRecord);
+    bool isPaperSpace(const ObjectRecord& blockRecord);
+
+    static constexpr uint32_t npos = 0xFFFFFFFF;
+
+private:
+    void load();
+
+    AcDbDatabase& m_database;
+    bool m_loaded = false;
+    uint32_t m_entities = npos;
+    ObjectRecord* m_modelSpace = nullptr;
+    ObjectRecord* m_paperSpace = nullptr;
+    std::unordered_map<std::u16string, uint32_t, HashNoCase, EqualNoCase> m_contents;
+    std::unordered_map<uint32_t, ObjectRecord*> m_recordOf;
+    std::unordered_map<const ObjectRecord*, uint32_t> m_containerOf;
+};

@@ -1,0 +1,76 @@
+#include "host/drawing/table_index.h"
+
+#include "host/drawing/database.h"
+#include "host/drawing/tags.h"
+
+#include <algorithm>
+
+std::u16string nameOfRecord(const ObjectRecord& record)
+{
+    TagReader reader{record.view()};
+    Tag tag;
+    while (reader.next(tag))
+        if (tag.code == 2)
+            return record.database->encoding().decode(tag.word());
+    return {};
+}
+
+TableIndex::Table& TableIndex::load(std::string_view name)
+{
+    const auto [at, fresh] = m_tables.try_emplace(std::string{name});
+    Table& table = at->second;
+    if (!fresh)
+        return table;
+    DrawingStore& store = m_database.store();
+    for (uint32_t i = 0; i < store.containers.size(); ++i)
+    {
+        const Container& container = store.containers[i];
+        if (container.kind != Container::kTable || container.name != name)
+            continue;
+        table.container = i;
+        for (size_t order = container.first; order < container.last; ++order)
+            table.records.push_back(&store.records[order]);
+        table.records.insert(table.records.end(), container.added.begin(), container.added.end());
+        break;
+    }
+    for (ObjectRecord* record : table.records)
+        table.byName.emplace(nameOfRecord(*record), record);
+    return table;
+}
+
+ObjectRecord* TableIndex::table(std::string_view name)
+{
+    const Table& table = load(name);
+    return table.container != npos ? m_database.store().containers[table.container].head : nullptr;
+}
+
+uint32_t TableIndex::container(std::string_view table)
+{
+    return load(table).container;
+}
+
+ObjectRecord* TableIndex::find(std::string_view tableName, std::u16string_view name, bool erasedToo)
+{
+    const Table& table = load(tableName);
+    const auto found = table.byName.find(std::u16string{name});
+    if (found == table.byName.end() || (!erasedToo && found->second->has(ObjectRecord::kErased)))
+        return nullptr;
+    return found->second;
+}
+
+AcDbObjectIdArray TableIndex::live(std::string_view tableName)
+{
+    AcDbObjectIdArray ids;
+    for (ObjectRecord* record : load(tableName).records)
+        if (!record->has(ObjectRecord::kErased))
+            ids.emplace_back(record);
+    return ids;
+}
+
+void TableIndex::add(std::string_view tableName, const std::u16string& name, ObjectRecord& record)
+{
+    Table& table = load(tableName);
+    if (std::find(table.records.begin(), table.records.end(), &record) == table.records.end())
+        table.records.push_back(&record);
+    table.byName.insert_or_assign(name, &record);
+}

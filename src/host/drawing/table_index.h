@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+#include "host/drawing/record.h"
+#include "host/text.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AcDbDatabase;
+
+/// The drawing's tables of named records: records in table order and by name. Each table is read when first asked for.
+/// A table is named as in drawing files: LAYER, STYLE, LTYPE, DIMSTYLE, VIEW, UCS, VPORT, BLOCK_RECORD, APPID.
+class TableIndex
+{
+public:
+    explicit TableIndex(AcDbDatabase& database) : m_database{database} {}
+
+    /// The TABLE object itself; null when the drawing has no such table.
+    ObjectRecord* table(std::string_view name);
+    /// The record of a name; null when there is none, or when it is erased and not asked for.
+    ObjectRecord* find(std::string_view table, std::u16string_view name, bool erasedToo = false);
+    /// Live records in table order.
+    AcDbObjectIdArray live(std::string_view table);
+    /// Makes a record that was just added known by its name.
+    void add(std::string_view table, const std::u16string& name, ObjectRecord& record);
+    /// Index of the table's container; throws nothing, answers npos when there is none.
+    uint32_t container(std::string_view table);
+
+    static constexpr uint32_t npos = 0xFFFFFFFF;
+
+private:
+    struct Table
+    {
+        uint32_t container = npos;
+        std::vector<ObjectRecord*> records;
+        std::unordered_map<std::u16string, ObjectRecord*, HashNoCase, EqualNoCase> byName;
+    };
+
+    Table& load(std::string_view name);
+
+    AcDbDatabase& m_database;
+    std::unordered_map<std::string, Table> m_tables;
+};
+
+/// The name (code 2) of a table record, decoded.
+std::u16string nameOfRecord(const ObjectRecord& record);

@@ -1,0 +1,180 @@
+#include "host/drawing/tags.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+namespace
+{
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r';
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string_view withoutPlus(std::string_view text)
+{
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    return text;
+}
+
+/// A group code; -1 for a line that is none.
+int parseCode(std::string_view line)
+{
+    line = withoutPlus(trimmed(line));
+    int code = -1;
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), code);
+    return error == std::errc{} && end == line.data() + line.size() ? code : -1;
+}
+
+} // namespace
+
+double Tag::real() const
+{
+    const std::string_view text = withoutPlus(trimmed(value));
+    double number = 0.0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range)
+        return text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos ? 0.0 : HUGE_VAL;
+    return error == std::errc{} ? number : 0.0;
+}
+
+int64_t Tag::integer() const
+{
+    const std::string_view text = withoutPlus(trimmed(value));
+    int64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc{} ? number : 0;
+}
+
+uint64_t Tag::handle() const
+{
+    const std::string_view text = trimmed(value);
+    uint64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);
+    return error == std::errc{} && end == text.data() + text.size() ? number : 0;
+}
+
+std::string_view Tag::word() const
+{
+    return trimmed(value);
+}
+
+std::string_view TagReader::line()
+{
+    const char* begin = m_at;
+    const auto* found = static_cast<const char*>(std::memchr(begin, '\n', static_cast<size_t>(m_end - begin)));
+    const char* end = found != nullptr ? found : m_end;
+    m_at = found != nullptr ? found + 1 : m_end;
+    if (end > begin && end[-1] == '\r')
+        --end;
+    return {begin, static_cast<size_t>(end - begin)};
+}
+
+bool TagReader::next(Tag& tag)
+{
+    if (m_at >= m_end)
+        return false;
+    tag.begin = m_at;
+    tag.code = parseCode(line());
+    if (m_at >= m_end && (m_at == tag.begin || m_at[-1] != '\n'))
+        return false;
+    tag.value = line();
+    tag.end = m_at;
+    return true;
+}
+
+AcGePoint3d TagReader::pointFrom(const Tag& x)
+{
+    AcGePoint3d point{x.real(), 0.0, 0.0};
+    for (const int step : {10, 20})
+    {
+        const char* before = m_at;
+        Tag tag;
+        if (!next(tag) || tag.code != x.code + step)
+        {
+            m_at = before;
+            break;
+        }
+        (step == 10 ? point.y : point.z) = tag.real();
+    }
+    return point;
+}
+
+void TagWriter::code(int value)
+{
+    char buffer[16];
+    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value);
+    const auto length = static_cast<size_t>(end - buffer);
+    if (length < 3)
+        m_text.append(3 - length, ' ');
+    m_text.append(buffer, length);
+    m_text += '\n';
+}
+
+void TagWriter::text(int group, std::string_view value)
+{
+    code(group);
+    m_text.append(value);
+    m_text += '\n';
+}
+
+void TagWriter::integer(int group, int64_t value)
+{
+    char buffer[24];
+    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value);
+    text(group, {buffer, static_cast<size_t>(end - buffer)});
+}
+
+void TagWriter::real(int group, double value)
+{
+    if (!std::isfinite(value))
+        value = 0.0;
+    char buffer[40];
+    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer - 2, value);
+    std::string_view shown{buffer, static_cast<size_t>(end - buffer)};
+    code(group);
+    m_text.append(shown);
+    if (shown.find_first_of(".eE") == std::string_view::npos)
+        m_text.append(".0");
+    m_text += '\n';
+}
+
+void TagWriter::handle(int group, uint64_t value)
+{
+    char buffer[24];
+    char* end = std::to_chars(buffer, buffer + sizeof buffer, value, 16).ptr;
+    for (char* at = buffer; at != end; ++at)
+        if (*at >= 'a')
+            *at = static_cast<char>(*at - 'a' + 'A');
+    text(group, {buffer, static_cast<size_t>(end - buffer)});
+}
+
+void TagWriter::point(int group, const AcGePoint3d& value)
+{
+    real(group, value.x);
+    real(group + 10, value.y);
+    real(group + 20, value.z);
+}
+
+bool isTextCode(int code)
+{
+    return (code >= 0 && code <= 9 && code != 5) || code == 100 || code == 102 || (code >= 300 && code <= 309) ||
+           (code >= 410 && code <= 419) || (code >= 430 && code <= 439) || (code >= 470 && code <= 479) ||
+           code == 999 || code == 1000 || code == 1001 || code == 1002 || code == 1003 || code == 1006;
+}
+
+bool isHandleReferenceCode(int code)
+{
+    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 || code == 481 || code == 1005;
+}
