@@ -58,8 +58,8 @@ bool hasLayer(const Container& container)
 
 AcDbDatabase::AcDbDatabase(bool, bool)
     : m_header{std::make_unique<HeaderVariables>(std::string_view{})}, m_blocks{std::make_unique<BlockIndex>(*this)},
-      m_tables{std::make_unique<TableIndex>(*this)}, m_residents{std::make_unique<ResidentCache>()},
-      m_handles{std::make_unique<HandleTable>(m_store.records)}
+      m_tables{std::make_unique<TableIndex>(*this)},
+      m_residents{std::make_unique<ResidentCache>()}, m_handles{std::make_unique<HandleTable>(m_store.records)}
 {
     m_store.encoding = makeTextEncoding(1032, {});
 }
@@ -209,13 +209,19 @@ void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor)
 
 ObjectRecord& AcDbDatabase::addRecord(uint32_t container, std::string_view dxfName)
 {
+    ObjectRecord& record = makeRecord(container, dxfName);
+    m_store.containers[container].added.push_back(&record);
+    return record;
+}
+
+ObjectRecord& AcDbDatabase::makeRecord(uint32_t container, std::string_view dxfName)
+{
     ObjectRecord& record = m_store.records.add();
     record.database = this;
     record.handle = takeHandle();
     record.container = container;
     record.kind = m_store.kindOf(dxfName);
     record.set(ObjectRecord::kAdded, true);
-    m_store.containers[container].added.push_back(&record);
     m_handles->add(record);
     noteChange(record);
     return record;
@@ -245,11 +251,12 @@ void AcDbDatabase::noteChange(ObjectRecord& record)
     if (record.has(ObjectRecord::kChanged))
         return;
     record.set(ObjectRecord::kChanged, true);
-    m_changed.push_back(&record);
+    m_changes.push_back({&record, record.has(ObjectRecord::kAdded) ? std::string_view{} : record.view()});
 }
 
 void AcDbDatabase::setRecordText(ObjectRecord& record, std::string_view text)
 {
+    noteChange(record);
     auto copy = std::make_unique<char[]>(text.size());
     std::memcpy(copy.get(), text.data(), text.size());
     if (record.has(ObjectRecord::kOwnText))
@@ -257,7 +264,6 @@ void AcDbDatabase::setRecordText(ObjectRecord& record, std::string_view text)
     record.text = copy.release();
     record.length = static_cast<uint32_t>(text.size());
     record.set(ObjectRecord::kOwnText, true);
-    noteChange(record);
 }
 
 void AcDbDatabase::setErased(ObjectRecord& record, bool erased)
@@ -276,11 +282,12 @@ void AcDbDatabase::setErased(ObjectRecord& record, bool erased)
 
 bool AcDbDatabase::isModified() const
 {
-    return std::any_of(m_changed.begin(), m_changed.end(),
-                       [](const ObjectRecord* record)
+    return std::any_of(m_changes.begin(), m_changes.end(),
+                       [](const Change& change)
                        {
-                           return record->has(ObjectRecord::kAdded) != record->has(ObjectRecord::kErased) ||
-                                  (!record->has(ObjectRecord::kAdded) && record->has(ObjectRecord::kOwnText));
+                           const ObjectRecord& record = *change.record;
+                           return record.has(ObjectRecord::kAdded) != record.has(ObjectRecord::kErased) ||
+                                  (!record.has(ObjectRecord::kAdded) && record.has(ObjectRecord::kOwnText));
                        }) ||
            !m_header->edits().empty();
 }

@@ -28,7 +28,10 @@ class HeaderVariables;
 class ResidentCache;
 class TableIndex;
 
-enum class DwgShareMode { kForReadAndReadShare };
+enum class DwgShareMode
+{
+    kForReadAndReadShare
+};
 constexpr DwgShareMode kForReadAndReadShare = DwgShareMode::kForReadAndReadShare;
 
 /// A drawing: the text of its file, an index over it, and what was changed since. Owns every object in it.
@@ -92,6 +95,10 @@ public:
 
     /// A record for something new at the end of a container, with a fresh handle. Its text follows.
     ObjectRecord& addRecord(uint32_t container, std::string_view dxfName);
+    /// Makes an empty block `name` (no check of the name, it must be free): its record in the table, its begin and end
+    /// among the blocks. Answers the record; its contents go to `blocks().containerOf(record)`. Null when the drawing
+    /// has no table of blocks.
+    ObjectRecord* addBlock(const std::u16string& name, const AcGePoint3d& origin);
     /// Takes a fresh object into a container, owned by the object with handle `owner`: it belongs to the database from
     /// then on, is open for write, and is encoded when it is closed.
     ObjectRecord& take(AcDbObject& object, uint32_t container, uint64_t owner);
@@ -102,8 +109,14 @@ public:
     uint64_t takeHandle();
     uint64_t nextHandle() const { return m_nextHandle; }
 
-    /// Every record that was changed, erased or added since the file was read, for the writer; each once.
-    const std::vector<ObjectRecord*>& changed() const { return m_changed; }
+    /// A record that was changed, erased or added since the file was read, and where it stood in the file's text (empty
+    /// for an added one).
+    struct Change
+    {
+        ObjectRecord* record;
+        std::string_view original;
+    };
+    const std::vector<Change>& changes() const { return m_changes; }
     bool isModified() const;
     const AcRxClass* classOf(const ObjectRecord& record);
     std::string_view dxfNameOf(const ObjectRecord& record) const;
@@ -115,11 +128,12 @@ private:
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
     void noteChange(ObjectRecord& record);
+    ObjectRecord& makeRecord(uint32_t container, std::string_view dxfName);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);
     bool isOnLockedLayer(const ObjectRecord& record);
 
     DrawingStore m_store;
-    std::vector<ObjectRecord*> m_changed;
+    std::vector<Change> m_changes;
     std::vector<const AcRxClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for
     std::unique_ptr<HeaderVariables> m_header;
     std::unique_ptr<BlockIndex> m_blocks;

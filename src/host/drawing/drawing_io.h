@@ -10,7 +10,11 @@ class AcDbDatabase;
 class DrawingReader
 {
 public:
-    enum class Purpose { Drawing, Symbol };
+    enum class Purpose
+    {
+        Drawing,
+        Symbol
+    };
 
     virtual ~DrawingReader() = default;
 

@@ -1,10 +1,10 @@
 #include "host/drawing/extended_data.h"
 
+#include "host/app/host_services.h"
 #include "host/drawing/database.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
 #include "host/drawing/tags.h"
-#include "host/app/host_services.h"
 #include "host/text.h"
 
 namespace
@@ -18,7 +18,15 @@ bool isXDataCode(int code)
     return code >= kFirstXDataCode && code <= 1071;
 }
 
-enum class ValueKind { Text, Point, Real, Short, Long, None };
+enum class ValueKind
+{
+    Text,
+    Point,
+    Real,
+    Short,
+    Long,
+    None
+};
 
 /// What a group code's value is (DXF reference, group code ranges).
 ValueKind valueKind(int code)

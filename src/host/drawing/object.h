@@ -14,11 +14,42 @@ class AcDbDatabase;
 
 namespace AcDb
 {
-enum OpenMode { kForRead, kForWrite, kForNotify };
-enum Intersect { kOnBothOperands, kExtendThis, kExtendArg, kExtendBoth };
-enum TextHorzMode { kTextLeft, kTextCenter, kTextRight, kTextAlign, kTextMid, kTextFit };
-enum TextVertMode { kTextBase, kTextBottom, kTextVertMid, kTextTop };
-enum Vertex2dType { k2dVertex, k2dSplineCtlVertex, k2dSplineFitVertex, k2dCurveFitVertex };
+enum OpenMode
+{
+    kForRead,
+    kForWrite,
+    kForNotify
+};
+enum Intersect
+{
+    kOnBothOperands,
+    kExtendThis,
+    kExtendArg,
+    kExtendBoth
+};
+enum TextHorzMode
+{
+    kTextLeft,
+    kTextCenter,
+    kTextRight,
+    kTextAlign,
+    kTextMid,
+    kTextFit
+};
+enum TextVertMode
+{
+    kTextBase,
+    kTextBottom,
+    kTextVertMid,
+    kTextTop
+};
+enum Vertex2dType
+{
+    k2dVertex,
+    k2dSplineCtlVertex,
+    k2dSplineFitVertex,
+    k2dCurveFitVertex
+};
 } // namespace AcDb
 
 /// Anything that lives in a drawing database. Made by the caller (then owned by the caller until it is appended) or
@@ -85,10 +116,10 @@ private:
     void encodeRecord();
 
     ObjectRecord* m_record = nullptr;
-    uint64_t m_owner = 0;     ///< handle of the owner of a fresh object
+    uint64_t m_owner = 0; ///< handle of the owner of a fresh object
     uint32_t m_readers = 0;
     bool m_writing = false;
-    bool m_fresh = true;      ///< made here: the fields are the truth, encoded at close
+    bool m_fresh = true; ///< made here: the fields are the truth, encoded at close
     bool m_damaged = false;
     bool m_kept = false;      ///< stands in the cache of objects closed last
     std::string m_freshXData; ///< extended data given to a fresh object, as pairs

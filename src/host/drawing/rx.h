@@ -43,9 +43,12 @@ public:
 };
 
 /// In a class body: the descriptor's accessors.
-#define ACRX_DECLARE_MEMBERS()                                                                                        \
+#define ACRX_DECLARE_MEMBERS()                                                                                         \
     static const AcRxClass* desc();                                                                                    \
-    const AcRxClass* isA() const override { return desc(); }
+    const AcRxClass* isA() const override                                                                              \
+    {                                                                                                                  \
+        return desc();                                                                                                 \
+    }
 
 /// In a source file: the descriptor. `DXFNAME` is a u"" literal or nullptr.
 #define ACRX_DEFINE_MEMBERS(CLASS, PARENT, DXFNAME)                                                                    \

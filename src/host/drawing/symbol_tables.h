@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/drawing/object.h"
 #include "host/drawing/entity.h"
+#include "host/drawing/object.h"
 
 #include <string>
 
@@ -73,15 +73,51 @@ public:
 /// (a leading * marks the drawing's own blocks and is refused too).
 bool isValidSymbolName(std::u16string_view name);
 
-class AcDbTextStyleTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbLayerTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbLinetypeTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbDimStyleTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbViewTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbUCSTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbViewportTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbBlockTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
-class AcDbRegAppTable : public AcDbSymbolTable { public: ACRX_DECLARE_MEMBERS() };
+class AcDbTextStyleTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbLayerTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbLinetypeTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbDimStyleTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbViewTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbUCSTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbViewportTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbBlockTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbRegAppTable : public AcDbSymbolTable
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
 
 class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord
 {
@@ -101,7 +137,11 @@ private:
     double m_height = 0.0;
 };
 
-class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord { public: ACRX_DECLARE_MEMBERS() };
+class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
 class AcDbRegAppTableRecord : public AcDbSymbolTableRecord
 {
 public:
@@ -110,10 +150,26 @@ public:
 protected:
     void encode(TagWriter& out) const override;
 };
-class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord { public: ACRX_DECLARE_MEMBERS() };
-class AcDbViewTableRecord : public AcDbSymbolTableRecord { public: ACRX_DECLARE_MEMBERS() };
-class AcDbUCSTableRecord : public AcDbSymbolTableRecord { public: ACRX_DECLARE_MEMBERS() };
-class AcDbViewportTableRecord : public AcDbSymbolTableRecord { public: ACRX_DECLARE_MEMBERS() };
+class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbViewTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbUCSTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
+class AcDbViewportTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS()
+};
 
 /// A colour by its index in the palette.
 class AcCmColor

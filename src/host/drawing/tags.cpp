@@ -43,7 +43,7 @@ double Tag::real() const
 {
     const std::string_view text = withoutPlus(trimmed(value));
     double number = 0.0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error == std::errc::result_out_of_range)
         return text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos ? 0.0 : HUGE_VAL;
     return error == std::errc{} ? number : 0.0;
@@ -53,7 +53,7 @@ int64_t Tag::integer() const
 {
     const std::string_view text = withoutPlus(trimmed(value));
     int64_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc{} ? number : 0;
 }
 
@@ -61,8 +61,8 @@ uint64_t Tag::handle() const
 {
     const std::string_view text = trimmed(value);
     uint64_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);
-    return error == std::errc{} && end == text.data() + text.size() ? number : 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);
+    return error == std::errc{} && stop == text.data() + text.size() ? number : 0;
 }
 
 std::string_view Tag::word() const

@@ -11,7 +11,8 @@ class TextEncoding
 public:
     virtual ~TextEncoding() = default;
 
-    /// The text of a value as it stands in the file, `\U+XXXX` and `\M+nXXXX` escapes resolved. Bytes that mean nothing become U+FFFD.
+    /// The text of a value as it stands in the file, `\U+XXXX` and `\M+nXXXX` escapes resolved. Bytes that mean nothing
+    /// become U+FFFD.
     virtual std::u16string decode(std::string_view bytes) const = 0;
     /// The bytes of a value for the file; what the code page lacks becomes `\U+XXXX`, line ends become blanks.
     virtual std::string encode(std::u16string_view text) const = 0;

@@ -1,0 +1,181 @@
+#include "files/dxf/binary.h"
+
+#include "files/error.h"
+#include "host/drawing/tags.h"
+
+#include <bit>
+#include <cstring>
+
+namespace files
+{
+
+namespace
+{
+
+/// What every binary DXF file starts with: the format's own mark, 22 bytes.
+constexpr char kMark[] = "AutoCAD Binary DXF\r\n\x1a";
+constexpr size_t kMarkSize = sizeof kMark;
+
+enum class Form
+{
+    Text,
+    Real,
+    Int16,
+    Int32,
+    Int64,
+    Bool,
+    Chunk,
+    Unknown
+};
+
+/// How a group's value is stored (DXF reference, group code value types).
+Form formOf(int code)
+{
+    const auto within = [code](int first, int last) { return code >= first && code <= last; };
+    if (within(10, 59) || within(110, 149) || within(210, 239) || within(460, 469) || within(1010, 1059))
+        return Form::Real;
+    if (within(60, 79) || within(170, 179) || within(270, 289) || within(370, 389) || within(400, 409) ||
+        within(1060, 1070))
+        return Form::Int16;
+    if (within(90, 99) || within(420, 429) || within(440, 459) || code == 1071)
+        return Form::Int32;
+    if (within(160, 169))
+        return Form::Int64;
+    if (within(290, 299))
+        return Form::Bool;
+    if (within(310, 319) || code == 1004)
+        return Form::Chunk;
+    const bool text = within(0, 9) || within(100, 109) || within(300, 309) || within(320, 369) || within(390, 399) ||
+                      within(410, 419) || within(430, 439) || within(470, 481) || within(999, 1009);
+    return text ? Form::Text : Form::Unknown;
+}
+
+class BinaryReader
+{
+public:
+    BinaryReader(std::string_view bytes, const std::string& path) : m_bytes{bytes}, m_path{path}, m_at{kMarkSize}
+    {
+        // Files older than R13 have group codes of one byte: the first group is then 0 followed by its text.
+        m_shortCodes = m_bytes.size() > m_at + 1 && m_bytes[m_at + 1] != 0;
+    }
+
+    std::string run()
+    {
+        while (m_at < m_bytes.size())
+        {
+            const int code = readCode();
+            if (!readValue(code))
+                break;
+        }
+        return m_out.take();
+    }
+
+private:
+    [[noreturn]] void fail(const char* reason) const
+    {
+        throw FileError{m_path, "byte " + std::to_string(m_at) + ": " + reason};
+    }
+
+    template <class T>
+    T read()
+    {
+        if (m_bytes.size() - m_at < sizeof(T))
+            fail("the file ends in the middle of a value: it is cut short");
+        T value;
+        std::memcpy(&value, m_bytes.data() + m_at, sizeof value);
+        m_at += sizeof value;
+        static_assert(std::endian::native == std::endian::little);
+        return value;
+    }
+
+    int readCode()
+    {
+        if (!m_shortCodes)
+            return read<int16_t>();
+        const auto code = read<uint8_t>();
+        return code == 255 ? read<int16_t>() : code;
+    }
+
+    std::string_view readText()
+    {
+        const size_t end = m_bytes.find('\0', m_at);
+        if (end == std::string_view::npos)
+            fail("a text has no end: the file is cut short");
+        const std::string_view text = m_bytes.substr(m_at, end - m_at);
+        m_at = end + 1;
+        if (text.find_first_of("\r\n") != std::string_view::npos)
+            fail("a text with a line end");
+        return text;
+    }
+
+    void readChunk(int code)
+    {
+        const auto size = read<uint8_t>();
+        if (m_bytes.size() - m_at < size)
+            fail("the file ends in the middle of a value: it is cut short");
+        static constexpr char kDigits[] = "0123456789ABCDEF";
+        std::string digits;
+        for (size_t i = 0; i < size; ++i)
+        {
+            const auto byte = static_cast<unsigned char>(m_bytes[m_at + i]);
+            digits += kDigits[byte >> 4];
+            digits += kDigits[byte & 15];
+        }
+        m_at += size;
+        m_out.text(code, digits);
+    }
+
+    /// False behind the drawing's EOF.
+    bool readValue(int code)
+    {
+        switch (formOf(code))
+        {
+        case Form::Real:
+            m_out.real(code, read<double>());
+            return true;
+        case Form::Int16:
+            m_out.integer(code, read<int16_t>());
+            return true;
+        case Form::Int32:
+            m_out.integer(code, read<int32_t>());
+            return true;
+        case Form::Int64:
+            m_out.integer(code, read<int64_t>());
+            return true;
+        case Form::Bool:
+            m_out.integer(code, read<uint8_t>());
+            return true;
+        case Form::Chunk:
+            readChunk(code);
+            return true;
+        case Form::Unknown:
+            fail("an unknown group code");
+        case Form::Text:
+            break;
+        }
+        const std::string_view text = readText();
+        m_out.text(code, text);
+        return code != 0 || text != "EOF";
+    }
+
+    std::string_view m_bytes;
+    const std::string& m_path;
+    size_t m_at;
+    bool m_shortCodes = false;
+    TagWriter m_out;
+};
+
+} // namespace
+
+bool isBinaryDxf(std::string_view bytes)
+{
+    return bytes.substr(0, kMarkSize) == std::string_view{kMark, kMarkSize};
+}
+
+FileText textOfBinaryDxf(std::string_view bytes, const std::string& path)
+{
+    const auto text = std::make_shared<const std::string>(BinaryReader{bytes, path}.run());
+    return {std::shared_ptr<const char>{text, text->data()}, text->size()};
+}
+
+} // namespace files

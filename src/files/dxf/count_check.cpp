@@ -1,0 +1,120 @@
+#include "files/dxf/count_check.h"
+
+#include "host/drawing/tags.h"
+
+#include <array>
+
+namespace files
+{
+
+namespace
+{
+
+/// A list inside an object: the code that says its length, the code of its items, and what the items are.
+struct CountedList
+{
+    int countCode;
+    int itemCode;
+    const char* items;
+};
+
+constexpr CountedList kVertices{90, 10, "vertices"};
+constexpr CountedList kSections{90, 2, "section records"};
+/// The lists of one section record of an alignment.
+constexpr std::array<CountedList, 3> kSectionLists{{
+    {91, 330, "survey points"},
+    {92, 43, "offsets"},
+    {93, 331, "drawn objects"},
+}};
+
+std::string mismatch(const CountedList& list, int64_t said, int64_t found)
+{
+    return "damaged: " + std::to_string(said) + " " + list.items + " announced, " + std::to_string(found) + " found";
+}
+
+std::string checkVertices(std::string_view pairs)
+{
+    TagReader reader{pairs};
+    int64_t said = -1;
+    int64_t found = 0;
+    for (Tag tag; reader.next(tag);)
+        if (tag.code == kVertices.itemCode)
+            ++found;
+        else if (tag.code == kVertices.countCode && said < 0)
+            said = tag.integer();
+    return said >= 0 && said != found ? mismatch(kVertices, said, found) : std::string{};
+}
+
+/// Counts as it goes: within the alignment's own part, a section record starts at each code 2.
+class AlignmentCheck
+{
+public:
+    std::string run(std::string_view pairs)
+    {
+        TagReader reader{pairs};
+        bool inside = false;
+        for (Tag tag; reader.next(tag);)
+        {
+            if (tag.code == 100)
+                inside = tag.word() == "PlxDbAlignment";
+            else if (tag.code == 1001)
+                break;
+            else if (inside && !take(tag))
+                return m_wrong;
+        }
+        if (!finishSection())
+            return m_wrong;
+        return m_said >= 0 && m_said != m_sections ? mismatch(kSections, m_said, m_sections) : std::string{};
+    }
+
+private:
+    bool take(const Tag& tag)
+    {
+        if (tag.code == kSections.countCode && m_said < 0)
+            m_said = tag.integer();
+        else if (tag.code == kSections.itemCode)
+        {
+            if (!finishSection())
+                return false;
+            ++m_sections;
+        }
+        for (size_t i = 0; i < kSectionLists.size(); ++i)
+            if (tag.code == kSectionLists[i].countCode)
+                m_expected[i] = tag.integer();
+            else if (tag.code == kSectionLists[i].itemCode && m_sections > 0)
+                ++m_found[i];
+        return true;
+    }
+
+    bool finishSection()
+    {
+        for (size_t i = 0; i < kSectionLists.size(); ++i)
+        {
+            if (m_expected[i] != m_found[i])
+                m_wrong = mismatch(kSectionLists[i], m_expected[i], m_found[i]) + " in section record " +
+                          std::to_string(m_sections);
+            m_expected[i] = m_found[i] = 0;
+        }
+        return m_wrong.empty();
+    }
+
+    int64_t m_said = -1;
+    int64_t m_sections = 0;
+    std::array<int64_t, 3> m_expected{};
+    std::array<int64_t, 3> m_found{};
+    std::string m_wrong;
+};
+
+} // namespace
+
+bool hasCounts(std::string_view dxfName)
+{
+    return dxfName == "LWPOLYLINE" || dxfName == "PLXDBALIGNMENT";
+}
+
+std::string checkCounts(std::string_view dxfName, std::string_view pairs)
+{
+    return dxfName == "LWPOLYLINE" ? checkVertices(pairs) : AlignmentCheck{}.run(pairs);
+}
+
+} // namespace files
