@@ -33,7 +33,10 @@ void appendUtf16(std::u16string& out, char32_t code)
     out += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
 }
 
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+bool isContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 
 int sequenceLength(unsigned char lead)
 {
@@ -79,8 +82,7 @@ std::string toUtf8(std::u16string_view text)
         char32_t code = text[i];
         if (code >= 0xD800 && code < 0xE000)
         {
-            const bool paired =
-                code < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
+            const bool paired = code < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
             code = paired ? 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00U) : kReplacement;
         }
         appendUtf8(out, code);

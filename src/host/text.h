@@ -27,7 +27,7 @@ bool equalNoCase(std::u16string_view a, std::u16string_view b);
 struct LessNoCase
 {
     using is_transparent = void;
-    bool operator()(std::u16string_view a, std::u16string_view b) const { return compareNoCase(a, b) < 0; }
+    bool operator()(std::u16string_view a, std::u16string_view b) const { return std::is_lt(compareNoCase(a, b)); }
 };
 
 /// Hash and equality for unordered containers keyed by name.

@@ -11,7 +11,16 @@
 
 namespace AcAp
 {
-enum DocLockMode { kNone = 0, kAutoWrite = 1, kNotLocked = 2, kWrite = 4, kProtectedAutoWrite = 0x14, kRead = 0x20, kXWrite = 0x40 };
+enum DocLockMode
+{
+    kNone = 0,
+    kAutoWrite = 1,
+    kNotLocked = 2,
+    kWrite = 4,
+    kProtectedAutoWrite = 0x14,
+    kRead = 0x20,
+    kXWrite = 0x40
+};
 } // namespace AcAp
 
 /// One open drawing: its database, its view, its lock, and the file it came from. Owned by the document manager.

@@ -43,8 +43,8 @@ public:
     };
 
     /// `eDuplicateRecordName` when one of the names is taken.
-    Acad::ErrorStatus addCommand(const char16_t* group, const char16_t* globalName, const char16_t* localName, int flags,
-                                 Handler handler, void* uiContext = nullptr, int functionCode = -1,
+    Acad::ErrorStatus addCommand(const char16_t* group, const char16_t* globalName, const char16_t* localName,
+                                 int flags, Handler handler, void* uiContext = nullptr, int functionCode = -1,
                                  void* resource = nullptr);
     Acad::ErrorStatus removeGroup(const char16_t* group);
     /// The command of a local or global name; null when there is none.
@@ -79,6 +79,17 @@ AcRxDynamicLinker* acrxDynamicLinker();
 
 namespace AcRx
 {
-enum AppMsgCode { kNullMsg = 0, kInitAppMsg = 1, kUnloadAppMsg = 2, kLoadDwgMsg = 3, kUnloadDwgMsg = 4 };
-enum AppRetCode { kRetOK = 0, kRetError = 3 };
+enum AppMsgCode
+{
+    kNullMsg = 0,
+    kInitAppMsg = 1,
+    kUnloadAppMsg = 2,
+    kLoadDwgMsg = 3,
+    kUnloadDwgMsg = 4
+};
+enum AppRetCode
+{
+    kRetOK = 0,
+    kRetError = 3
+};
 } // namespace AcRx

@@ -17,8 +17,8 @@ namespace host
 /// What the programs give a session. Folders are real paths (UTF-8), without a separator at the end.
 struct SessionOptions
 {
-    std::string userDataFolder;              ///< in place of the user's; empty: $XDG_CONFIG_HOME/PLX/Kavendo
-    std::vector<std::string> symbolFolders;  ///< searched by file name when a symbol file's own path does not exist
+    std::string userDataFolder;             ///< in place of the user's; empty: $XDG_CONFIG_HOME/PLX/Kavendo
+    std::vector<std::string> symbolFolders; ///< searched by file name when a symbol file's own path does not exist
 };
 
 /// A symbol drawing that could not be read, and why.

@@ -11,12 +11,12 @@ struct SectionRecord
     std::u16string name;
     AcGePoint3d pointA; ///< ends of the section line in the plan
     AcGePoint3d pointB;
-    AcGePoint3d basePoint;       ///< offset 0 on the datum of the section's own drawing
-    AcDbObjectId groundLineId;   ///< polyline of that drawing; null when there is none
-    AcDbObjectIdArray pointIds;  ///< survey points of the section
+    AcGePoint3d basePoint;      ///< offset 0 on the datum of the section's own drawing
+    AcDbObjectId groundLineId;  ///< polyline of that drawing; null when there is none
+    AcDbObjectIdArray pointIds; ///< survey points of the section
     std::vector<double> dcOffsets;
-    uint16_t flags = 0;          ///< bit 0x02: features have been drawn
-    AcDbObjectIdArray drawnIds;  ///< what the last drawing placed; null ids may stand among them
+    uint16_t flags = 0;         ///< bit 0x02: features have been drawn
+    AcDbObjectIdArray drawnIds; ///< what the last drawing placed; null ids may stand among them
 };
 
 /// A road centre line with its cross-sections (PLXDBALIGNMENT). `flags` and `drawnIds` of its records can be changed

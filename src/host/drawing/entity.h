@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/drawing/object.h"
-#include "host/geometry/curve_path.h"
+#include "host/geometry/indexed_path.h"
 #include "host/geometry/matrix3d.h"
 #include "host/geometry/point3d.h"
 

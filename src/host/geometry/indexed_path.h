@@ -18,8 +18,8 @@ public:
 
     /// The same as `::intersect(path(), other, points)`.
     void intersect(const CurvePath& other, AcGePoint3dArray& points) const;
-    /// Where the straight way between two points at the path's own elevation meets it, without a path made for that way.
-    /// No points unless the path is level.
+    /// Where the straight way between two points at the path's own elevation meets it, without a path made for that
+    /// way. No points unless the path is level.
     void intersectLine(const AcGePoint2d& from, const AcGePoint2d& to, AcGePoint3dArray& points) const;
 
 private:

@@ -11,7 +11,7 @@ struct FileQuestion
 {
     bool saving = false;
     std::u16string title;
-    std::u16string folder;           ///< to start in; may be empty
+    std::u16string folder; ///< to start in; may be empty
     std::u16string defaultName;
     std::u16string defaultExtension; ///< without the dot; given to a name typed without one
     std::u16string filter;           ///< "description|pattern|" pairs; empty when only the extension counts
