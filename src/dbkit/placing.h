@@ -1,10 +1,9 @@
 #pragma once
 
-#include "host/drawing/error_status.h"
-#include "host/drawing/object_id.h"
+#include "host/drawing/entity.h"
 #include "host/geometry/matrix3d.h"
 
-class AcDbEntity;
+#include <memory>
 
 /// The one way by which new entities get into the current drawing.
 
@@ -23,10 +22,10 @@ enum class Coordinates
 };
 
 /// Appends a fresh entity to the drawing, moved into world coordinates if they are not, and closes it: it belongs to
-/// the drawing then, and `id` names it. Else the status of the step that failed; when the entity was not appended, it
-/// stays with the caller and `id` as it was.
-Acad::ErrorStatus AppendToSpace(AcDbEntity* entity, AcDbObjectId& id, Coordinates coordinates = Coordinates::kWorld,
-                                Space space = Space::kCurrent);
+/// the drawing then, and `id` names it. Else the status of the step that failed; an entity that was not appended is
+/// gone, and `id` as it was.
+Acad::ErrorStatus AppendToSpace(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id,
+                                Coordinates coordinates = Coordinates::kWorld, Space space = Space::kCurrent);
 
 /// Carries coordinates of the user's coordinate system, of the space that is current, into the world's.
 AcGeMatrix3d UcsToWcsMatrix();
