@@ -95,9 +95,10 @@ private:
         const bool across = edge % 2 != 0;
         const int high = across ? low + m_columns + 1 : low + 1;
         const double part = (m_level - Height(low)) / (Height(high) - Height(low));
-        const double column = low % (m_columns + 1) + (across ? 0 : part);
-        const double row = low / (m_columns + 1) + (across ? part : 0);
-        return {m_drawing.road.At(Chainage(column), Offset(row)), m_level, 0};
+        const int row = low / (m_columns + 1);
+        const int column = low % (m_columns + 1);
+        const double chainage = Chainage(column + (across ? 0 : part));
+        return {m_drawing.road.At(chainage, Offset(row + (across ? part : 0))), m_level, 0};
     }
 
     /// An end of a line, or any edge when only closed lines are left.

@@ -42,7 +42,7 @@ public:
         case Shape::Pond:
             return Outline(m_random.Between(5, 9), 0.25, 8);
         case Shape::Parcel:
-            return Outline(m_random.Between(9, 16), 0, 6 + m_random.Index(6));
+            return Parcel();
         case Shape::Crossing:
             break;
         }
@@ -60,8 +60,6 @@ private:
         return m_random.Between(m_block.from + margin, std::max(m_block.from + margin + 1, m_block.to - margin));
     }
 
-    double Beside(double low, double high) { return m_random.Between(low, high) * (m_random.Percent(50) ? 1 : -1); }
-
     std::vector<Vertex> Run(double from, double to, double offset, double wander)
     {
         std::vector<Vertex> line;
@@ -75,13 +73,13 @@ private:
     {
         const double length = m_random.Between(25, 90);
         const double from = Somewhere(length / 2) - length / 2;
-        return Run(from, from + length, Beside(9, 28), 0.8);
+        return Run(from, from + length, m_random.EitherSide(9, 28), 0.8);
     }
 
     std::vector<Vertex> House()
     {
         const double at = Somewhere(10);
-        const double offset = Beside(16, 34);
+        const double offset = m_random.EitherSide(16, 34);
         const double turn = m_random.Between(-0.2, 0.2);
         const double halfLength = m_random.Between(4, 8);
         const double halfWidth = m_random.Between(2.5, 4.5);
@@ -99,7 +97,7 @@ private:
     std::vector<Vertex> Outline(double radius, double bulge, int corners)
     {
         const double at = Somewhere(radius);
-        const double offset = Beside(16, 45);
+        const double offset = m_random.EitherSide(16, 45);
         std::vector<Vertex> outline;
         for (int i = 0; i < corners; ++i)
         {
@@ -109,6 +107,12 @@ private:
             outline.back().bulge = -bulge; // offsets grow to the right, so the outline runs clockwise
         }
         return outline;
+    }
+
+    std::vector<Vertex> Parcel()
+    {
+        const int corners = 6 + m_random.Index(6);
+        return Outline(m_random.Between(9, 16), 0, corners);
     }
 
     std::vector<Vertex> Crossing()
@@ -167,7 +171,8 @@ int DrawFeatures(const RoadDrawing& drawing, int count, int pointBudget)
     int points = 0;
     for (int i = 0; i < count; ++i)
     {
-        const double from = blockLength * (i / perBlock);
+        const int block = i / perBlock;
+        const double from = blockLength * block;
         const double to = std::min(drawing.road.Length(), from + std::max(blockLength, kShortestRun));
         const LineFeature& feature = features[static_cast<std::size_t>(i % perBlock)];
         FeatureMaker maker(drawing, {std::min(from, std::max(0.0, to - kShortestRun)), to}, random);

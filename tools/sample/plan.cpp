@@ -11,6 +11,7 @@
 namespace
 {
 constexpr double kHalfStrip = 60; // metres of plan to each side of the road
+constexpr double kClearOfRoad = 7;
 constexpr double kDegrees = 57.29577951308232;
 
 /// The parts of a road's plan that no feature polyline belongs to.
@@ -49,8 +50,11 @@ public:
         for (double at = 25; at < m_road.Length(); at += 35)
             m_entities.Insert("DIEN", blocks[1].block, m_road.At(at, 5), {}, blocks[1].form);
         for (double at = 5; at < m_road.Length(); at += 12)
-            m_entities.Insert("THUC_VAT", blocks[2].block, Anywhere(at, 8),
-                              {.scale = std::round(m_random.Between(8, 20)) / 10}, blocks[2].form);
+        {
+            const Point point = Anywhere(at, 8);
+            m_entities.Insert("THUC_VAT", blocks[2].block, point, {.scale = std::round(m_random.Between(8, 20)) / 10},
+                              blocks[2].form);
+        }
         for (double at = 30; at < m_road.Length(); at += 50)
             m_entities.Insert("THUY_HE", blocks[3].block, m_road.At(at, 5.1), {}, blocks[3].form);
     }
@@ -58,7 +62,10 @@ public:
     void Vegetation()
     {
         for (double at = 0; at < m_road.Length(); at += 0.55)
-            m_entities.Insert("THUC_VAT", m_random.Percent(70) ? "LUA" : "MAU", Anywhere(at, 14), {});
+        {
+            const Point point = Anywhere(at, 14);
+            m_entities.Insert("THUC_VAT", m_random.Percent(70) ? "LUA" : "MAU", point, {});
+        }
     }
 
     void Heights()
@@ -91,7 +98,8 @@ public:
         {
             const double at = m_road.Length() * (i + m_random.Between(0, 1)) / count;
             const double offset = m_random.Between(-kHalfStrip, kHalfStrip);
-            const auto pick = static_cast<std::size_t>(m_random.Index(static_cast<int>(codes.size())));
+            const int code = std::abs(offset) < kClearOfRoad ? 0 : m_random.Index(static_cast<int>(codes.size()));
+            const auto pick = static_cast<std::size_t>(code);
             const Point point = m_road.At(at, offset);
             m_entities.SurveyPoint(point, m_drawing.terrain.Height(m_road, at, offset), codes[pick].code);
             PointLabels(point, codes[pick].form);
@@ -109,7 +117,7 @@ private:
 
     Point Anywhere(double chainage, double clear)
     {
-        return m_road.At(chainage, m_random.Between(clear, kHalfStrip) * (m_random.Percent(50) ? 1 : -1));
+        return m_road.At(chainage, m_random.EitherSide(clear, kHalfStrip));
     }
 
     const RoadDrawing& m_drawing;

@@ -19,7 +19,8 @@ constexpr double UnitInterval(std::uint64_t bits)
 }
 
 /// A seeded stream of random numbers. Two streams made with the same seed and key give the same numbers, so that each
-/// part of a drawing draws from its own stream and does not move when another part changes.
+/// part of a drawing draws from its own stream and does not move when another part changes. Take one number an
+/// expression: compilers differ in which of two they evaluate first.
 class Random
 {
 public:
@@ -29,6 +30,13 @@ public:
 
     /// A number in [low, high).
     double Between(double low, double high) { return low + (high - low) * UnitInterval(Next()); }
+
+    /// A number in [low, high) or its negative.
+    double EitherSide(double low, double high)
+    {
+        const double size = Between(low, high);
+        return Percent(50) ? size : -size;
+    }
 
     /// A whole number in [0, count); count must be positive.
     int Index(int count) { return static_cast<int>(Next() % static_cast<std::uint64_t>(count)); }

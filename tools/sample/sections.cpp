@@ -54,7 +54,7 @@ std::vector<Shot> SectionShots(int index, int count, double extent, Random& rand
         shots.push_back({u"TIM", 0});
     while (shots.size() < static_cast<std::size_t>(kMostPointsASection))
     {
-        const double offset = random.Between(6, extent - 1) * (random.Percent(50) ? 1 : -1);
+        const double offset = random.EitherSide(6, extent - 1);
         const auto codes = PointCodes();
         shots.push_back({random.Percent(30)
                              ? u""
