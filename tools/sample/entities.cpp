@@ -174,16 +174,22 @@ void Entities::Insert(std::string_view layer, std::string_view block, Point at, 
     m_out.Running().extents.Add(at);
 }
 
-void Entities::Hatch(std::string_view layer, std::span<const Vertex> outline, bool solid, int colour)
+void Entities::HatchPattern()
 {
-    Begin("HATCH", layer);
-    m_out.Tag(62, colour);
-    m_out.Tag(100, "AcDbHatch");
-    m_out.At(10, {}, 0);
-    m_out.At(210, {}, 1);
-    m_out.Tag(2, solid ? "SOLID" : "ANSI31");
-    m_out.Tag(70, solid ? 1 : 0);
-    m_out.Tag(71, 0);
+    m_out.Real(52, 0);
+    m_out.Real(41, 0.5);
+    m_out.Tag(77, 0);
+    m_out.Tag(78, 1);
+    m_out.Real(53, 45);
+    m_out.Real(43, 0);
+    m_out.Real(44, 0);
+    m_out.Real(45, -1.1225);
+    m_out.Real(46, 1.1225);
+    m_out.Tag(79, 0);
+}
+
+void Entities::HatchBoundary(std::span<const Vertex> outline)
+{
     m_out.Tag(91, 1);
     m_out.Tag(92, 3); // an outer boundary given as a polyline
     m_out.Tag(72, 1);
@@ -195,21 +201,23 @@ void Entities::Hatch(std::string_view layer, std::span<const Vertex> outline, bo
         m_out.Real(42, vertex.bulge, 9);
     }
     m_out.Tag(97, 0);
+}
+
+void Entities::Hatch(std::string_view layer, std::span<const Vertex> outline, bool solid, int colour)
+{
+    Begin("HATCH", layer);
+    m_out.Tag(62, colour);
+    m_out.Tag(100, "AcDbHatch");
+    m_out.At(10, {}, 0);
+    m_out.At(210, {}, 1);
+    m_out.Tag(2, solid ? "SOLID" : "ANSI31");
+    m_out.Tag(70, solid ? 1 : 0);
+    m_out.Tag(71, 0);
+    HatchBoundary(outline);
     m_out.Tag(75, 0);
     m_out.Tag(76, 1);
     if (!solid)
-    {
-        m_out.Real(52, 0);
-        m_out.Real(41, 0.5);
-        m_out.Tag(77, 0);
-        m_out.Tag(78, 1);
-        m_out.Real(53, 45);
-        m_out.Real(43, 0);
-        m_out.Real(44, 0);
-        m_out.Real(45, -1.1225, 4);
-        m_out.Real(46, 1.1225, 4);
-        m_out.Tag(79, 0);
-    }
+        HatchPattern();
     m_out.Tag(98, 0);
 }
 

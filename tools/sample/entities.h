@@ -63,6 +63,8 @@ private:
     void HeavyPolyline(LineClass lineClass, std::string_view layer, std::span<const Vertex> line, bool closed,
                        std::u16string_view code);
     void HeavyVertex(LineClass lineClass, std::string_view layer, Handle owner, const Vertex& vertex);
+    void HatchBoundary(std::span<const Vertex> outline);
+    void HatchPattern();
     void SurveyInfo(std::u16string_view code);
 
     DxfOut& m_out;

@@ -90,7 +90,7 @@ int Total(const std::map<std::string, int>& counts)
 TEST(Sample, CommittedFilesAreWhatTheGeneratorWrites)
 {
     const TempFolder folder;
-    const auto fresh = folder.path();
+    const std::filesystem::path& fresh = folder.path();
     ASSERT_EQ(Roadgen("--km 1 --out " + (fresh / "road.dxf").string() + " --library " + (fresh / "road.dv").string() +
                       " --table " + (fresh / "road.dvbd").string()),
               0);
@@ -206,9 +206,7 @@ std::set<std::string> SurveyCodes(const Drawing& drawing)
         for (const char unit : record->SurveyCode())
         {
             const auto byte = static_cast<unsigned char>(unit);
-            if (byte < 0x80)
-                bytes += unit;
-            else if (byte < 0xC0) // the low six bits; the lead byte before it, 0xC2 or 0xC3, has the rest
+            if (byte >= 0x80 && byte < 0xC0) // the low six bits; the lead byte before it, 0xC2 or 0xC3, has the rest
                 bytes.back() = static_cast<char>((static_cast<unsigned char>(bytes.back()) << 6) | (byte & 0x3F));
             else
                 bytes += unit;
