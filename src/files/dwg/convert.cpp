@@ -1,0 +1,136 @@
+#include "files/dwg/convert.h"
+
+#include "files/dwg/adapter.h"
+#include "files/dwg/cache.h"
+#include "files/dwg/file_bytes.h"
+#include "files/dwg/temp_folder.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace dwg
+{
+namespace
+{
+
+constexpr std::size_t kMagicSize = 6; // "AC1015" and the like
+constexpr std::string_view kOldestRead = "AC1012";
+
+struct Pending
+{
+    std::string key;
+    Outcome* outcome;
+    Job job;
+};
+
+/// One call of convert(): what the cache lacks is collected with a private copy of each file, so that what is
+/// converted is what was looked up, then converted together.
+class Batch
+{
+public:
+    explicit Batch(const Options& options)
+        : m_options(options), m_cache(options.cache, options.cacheLimit), m_version(adapterVersion(options.adapter))
+    {
+    }
+
+    void add(const fs::path& file, Outcome& outcome)
+    {
+        std::string bytes;
+        outcome.reason = readFile(file, bytes);
+        if (outcome.ok())
+            outcome.reason = whyNotRead(bytes);
+        if (!outcome.ok())
+            return;
+        std::string key = Cache::keyOf(bytes, m_version);
+        if (!m_cache.find(key, outcome.dxf))
+            copyForConversion(bytes, std::move(key), outcome);
+    }
+
+    void run()
+    {
+        if (m_pending.empty())
+            return;
+        std::vector<Job*> jobs;
+        for (Pending& pending : m_pending)
+            jobs.push_back(&pending.job);
+        runAdapter(m_options, jobs);
+        for (Pending& pending : m_pending)
+            take(pending);
+        m_cache.trim();
+    }
+
+private:
+    static std::string whyNotRead(std::string_view bytes)
+    {
+        if (!isDwg(bytes))
+            return "not a DWG file";
+        const std::string_view version = bytes.substr(0, kMagicSize);
+        if (version < kOldestRead)
+            return "DWG version " + std::string(version) + " is too old to be read; save it as R14 or newer";
+        return {};
+    }
+
+    void copyForConversion(std::string_view bytes, std::string key, Outcome& outcome)
+    {
+        const std::string name = std::to_string(m_pending.size());
+        const Job job{m_folder.path() / (name + ".dwg"), m_folder.path() / (name + ".dxf"), {}};
+        if (m_folder.path().empty() || !writeFile(job.input, bytes))
+            outcome.reason = "DWG files cannot be read: no temporary file can be written";
+        else
+            m_pending.push_back({std::move(key), &outcome, job});
+    }
+
+    void take(Pending& pending)
+    {
+        Outcome& outcome = *pending.outcome;
+        outcome.reason = std::move(pending.job.reason);
+        if (outcome.ok())
+            outcome.reason = readFile(pending.job.output, outcome.dxf);
+        if (outcome.ok())
+            m_cache.store(pending.key, outcome.dxf);
+    }
+
+    const Options& m_options;
+    TempFolder m_folder;
+    Cache m_cache;
+    std::string m_version;
+    std::vector<Pending> m_pending;
+};
+
+} // namespace
+
+bool isDwg(std::string_view bytes)
+{
+    const auto digit = [&](std::size_t i) { return std::isdigit(static_cast<unsigned char>(bytes[i])) != 0; };
+    return bytes.size() >= kMagicSize && bytes.starts_with("AC10") && digit(4) && digit(5);
+}
+
+fs::path defaultCacheFolder()
+{
+    const auto folder = [](const char* variable)
+    {
+        const char* value = std::getenv(variable);
+        const fs::path path = value == nullptr ? "" : value;
+        return path.is_absolute() ? path : fs::path{};
+    };
+    if (const fs::path cache = folder("XDG_CACHE_HOME"); !cache.empty())
+        return cache / "veloxa" / "dwg";
+    if (const fs::path home = folder("HOME"); !home.empty())
+        return home / ".cache" / "veloxa" / "dwg";
+    return {};
+}
+
+std::vector<Outcome> convert(const std::vector<fs::path>& files, const Options& options)
+{
+    std::vector<Outcome> outcomes(files.size());
+    Batch batch(options);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        batch.add(files[i], outcomes[i]);
+    batch.run();
+    return outcomes;
+}
+
+} // namespace dwg
