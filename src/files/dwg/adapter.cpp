@@ -35,7 +35,7 @@ fs::path findProgram(const std::string& name)
     while (!folders.empty())
     {
         const std::string_view folder = folders.substr(0, folders.find(':'));
-        const fs::path program = fs::path(folder) / name;
+        fs::path program = fs::path(folder) / name;
         if (access(program.c_str(), X_OK) == 0)
             return program;
         folders.remove_prefix(std::min(folders.size(), folder.size() + 1));
