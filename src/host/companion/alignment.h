@@ -19,13 +19,15 @@ struct SectionRecord
     AcDbObjectIdArray drawnIds; ///< what the last drawing placed; null ids may stand among them
 };
 
-/// A road centre line with its cross-sections (PLXDBALIGNMENT). `flags` and `drawnIds` of its records can be changed
-/// while it is open for write; nothing else of a loaded alignment is.
+/// A road centre line with its cross-sections (PLXDBALIGNMENT), always read from a drawing. `flags` and `drawnIds` of
+/// its records can be changed while it is open for write, and reach its pairs when it is closed; nothing else changes.
+/// One whose counts do not match what follows them does not open (`eBadDxfSequence`).
 class PlxDbAlignment : public AcDbEntity
 {
 public:
     ACRX_DECLARE_MEMBERS()
     const std::u16string& name() const { return m_name; }
+    /// Scale of the cross-section drawings: drawing units per unit of offset are 1000 over it.
     double scaleValue() const { return m_scaleValue; }
     double extent1() const { return m_extent1; }
     double extent2() const { return m_extent2; }
@@ -34,11 +36,12 @@ public:
     /// Sets bits of a record's flag word. Out of range: nothing happens.
     void setSectionFlag(size_t index, uint16_t bits);
     void setDrawnIds(size_t index, AcDbObjectIdArray ids);
+    /// The section lines in the plan.
     std::vector<CurvePath> curves() const override;
 
 protected:
     void decode(TagReader& pairs) override;
-    void encode(TagWriter& out) const override;
+    void beforeClose() override;
 
 private:
     std::u16string m_name;
@@ -46,4 +49,5 @@ private:
     double m_extent1 = 0.0;
     double m_extent2 = 0.0;
     std::vector<SectionRecord> m_sections;
+    std::vector<bool> m_changed; ///< by section, while changes wait for the close
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/entity.h"
+#include "host/drawing/insert_placement.h"
 
 struct AcGeScale3d
 {
@@ -12,35 +13,33 @@ struct AcGeScale3d
     AcGeScale3d(double x, double y, double z) : sx{x}, sy{y}, sz{z} {}
 };
 
-/// A block placed in the drawing.
+/// A block placed in the drawing. Its setters change a fresh reference; a loaded one answers `eNotImplementedYet`.
 class AcDbBlockReference : public AcDbEntity
 {
 public:
     ACRX_DECLARE_MEMBERS()
     AcDbBlockReference() = default;
-    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId block) : m_position{position}, m_block{block} {}
+    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId block);
 
+    /// In the world.
     AcGePoint3d position() const;
     AcDbObjectId blockTableRecord() const { return m_block; }
-    AcGeScale3d scaleFactors() const { return m_scale; }
+    AcGeScale3d scaleFactors() const { return {m_placement.scaleX, m_placement.scaleY, m_placement.scaleZ}; }
     Acad::ErrorStatus setScaleFactors(const AcGeScale3d& scale);
-    double rotation() const { return m_rotation; }
+    /// Radians, counter-clockwise in the reference's own plane.
+    double rotation() const { return m_placement.rotation; }
     Acad::ErrorStatus setRotation(double radians);
+    /// Carries the block's coordinates into the world.
     AcGeMatrix3d blockTransform() const;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
-    std::vector<CurvePath> curves() const override;
-    void addExtents(AcGeExtents& extents) const override;
-
 protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
 
 private:
-    AcGePoint3d m_position; ///< in the reference's own plane
     AcDbObjectId m_block;
-    AcGeScale3d m_scale;
-    double m_rotation = 0.0;
-    AcGeVector3d m_normal{0.0, 0.0, 1.0};
+    InsertPlacement m_placement; ///< its block name stays empty
+};
     int m_columns = 1;
     int m_rows = 1;
     double m_columnSpacing = 0.0;

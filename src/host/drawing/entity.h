@@ -24,8 +24,10 @@ public:
     int colorIndex() const;
     Acad::ErrorStatus setColorIndex(int index, bool doSubents = true);
 
+    /// Moves a fresh entity; `eNotImplementedYet` for a loaded one and for kinds that are never made here.
     virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix);
-    /// Points on both entities, in order along this one, appended to `points`.
+    /// Points on both entities, in order along this one, appended to `points`. Both are bounded: `eNotImplementedYet`
+    /// for any other `type`.
     Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect type, AcGePoint3dArray& points) const;
     /// Everything the entity draws as curves in world coordinates; nothing for texts and kinds without curves. The
     /// contents of a block reference count, placed.
@@ -34,10 +36,15 @@ public:
     virtual void addExtents(AcGeExtents& extents) const;
 
 protected:
-    void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
-    /// The one path of a curve, indexed for crossings, or null. Kept with the object while it is in memory.
-    virtual const IndexedPath* path() const;
+    /// The one path of a curve, or null. Kept with the object while it is in memory.
+    virtual const CurvePath* shape() const { return nullptr; }
+    /// The same made ready to be asked often; null for what is not worth it, too.
+    virtual const IndexedPath* path() const { return nullptr; }
+    /// Whether the fields may change now: a loaded object must be open for write (else the ledger notes a fault).
+    bool mayChange();
+    /// `eOk` for a fresh object, whose fields are the truth and may change; else why not.
+    Acad::ErrorStatus mayChangeFresh();
 
 private:
     friend class AcDbBlockTableRecord;

@@ -41,6 +41,7 @@ Acad::ErrorStatus AcDbObject::close()
         return Acad::eNotInDatabase;
     if (m_writing)
     {
+        beforeClose();
         if (m_fresh)
             encodeRecord();
         m_writing = false;
@@ -89,6 +90,7 @@ Acad::ErrorStatus AcDbObject::downgradeOpen()
 {
     if (!m_writing)
         return Acad::eNotOpenForWrite;
+    beforeClose();
     if (m_fresh)
         encodeRecord();
     m_writing = false;

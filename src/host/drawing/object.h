@@ -101,6 +101,10 @@ protected:
     /// Says that the pairs contradict themselves; from within `decode`. The object is then not opened.
     void damaged() { m_damaged = true; }
 
+    /// Called when an object that was open for write is closed, before its text counts: the place to write what was
+    /// gathered meanwhile.
+    virtual void beforeClose() {}
+
     /// The object's own pairs as they are now; empty for an object made here and not closed yet.
     std::string_view pairs() const;
     /// Replaces the whole text of a loaded object (its changed pairs); noted as changed in the database.

@@ -9,45 +9,44 @@ class AcDbPolyline : public AcDbCurve
 public:
     ACRX_DECLARE_MEMBERS()
     AcDbPolyline() = default;
-    explicit AcDbPolyline(unsigned int vertices) { m_vertices.reserve(vertices); }
+    explicit AcDbPolyline(unsigned int vertices) { m_shape.reserve(vertices); }
 
-    unsigned int numVerts() const { return static_cast<unsigned int>(m_vertices.size()); }
+    unsigned int numVerts() const { return static_cast<unsigned int>(m_shape.vertices().size()); }
     /// The vertex in world coordinates.
     Acad::ErrorStatus getPointAt(unsigned int index, AcGePoint3d& point) const;
     Acad::ErrorStatus getPointAt(unsigned int index, AcGePoint2d& point) const;
-    double bulgeAt(unsigned int index) const { return m_vertices[index].bulge; }
-    /// Inserts a vertex before `index`. Widths below zero mean the default width.
+    double bulgeAt(unsigned int index) const { return m_shape.vertices()[index].bulge; }
+    /// Inserts a vertex before `index`. Widths below zero mean the default width. Like every change of shape, of a
+    /// fresh polyline only.
     Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge = 0.0,
                                   double startWidth = -1.0, double endWidth = -1.0);
-    bool isClosed() const override { return m_closed; }
+    bool isClosed() const override { return m_shape.isClosed(); }
     void setClosed(bool closed);
-    double elevation() const { return m_elevation; }
+    double elevation() const { return m_shape.elevation(); }
     void setElevation(double elevation);
-    AcGeVector3d normal() const { return m_normal; }
+    AcGeVector3d normal() const { return m_shape.normal(); }
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
     std::vector<CurvePath> curves() const override;
 
-    /// Takes the shape of a 2-D polyline. Not for splined ones; `transferId` is not supported and must be false.
+    /// Takes the shape of a 2-D polyline. `eNotThatKindOfClass` for anything else, `eInvalidInput` for a splined or
+    /// curve-fitted one, `eNotImplementedYet` for `transferId`.
     Acad::ErrorStatus convertFrom(AcDbEntity*& entity, bool transferId = true);
 
 protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
+    const CurvePath* shape() const override { return &m_shape; }
     const IndexedPath* path() const override;
 
 private:
-    struct Vertex
+    struct Widths
     {
-        AcGePoint2d point;
-        double bulge = 0.0;
-        double startWidth = 0.0;
-        double endWidth = 0.0;
+        double start = 0.0;
+        double end = 0.0;
     };
 
-    std::vector<Vertex> m_vertices;
-    bool m_closed = false;
-    double m_elevation = 0.0;
-    AcGeVector3d m_normal{0.0, 0.0, 1.0};
+    CurvePath m_shape;
+    std::vector<Widths> m_widths; ///< of the vertices; empty while all have the default width
     mutable std::unique_ptr<IndexedPath> m_path;
 };
 
@@ -72,15 +71,17 @@ class AcDbVertexPolyline : public AcDbCurve
 public:
     ACRX_DECLARE_MEMBERS()
     std::unique_ptr<AcDbObjectIterator> vertexIterator() const;
+    std::vector<CurvePath> curves() const override;
     bool isClosed() const override { return (m_flags & 1) != 0; }
 
 protected:
     void decode(TagReader& pairs) override;
     int flags() const { return m_flags; }
+    const CurvePath* shape() const override;
+    const IndexedPath* path() const override;
 
+private:
     int m_flags = 0;
-    double m_elevation = 0.0;
-    AcGeVector3d m_normal{0.0, 0.0, 1.0};
     mutable std::unique_ptr<IndexedPath> m_path;
 };
 
@@ -118,24 +119,16 @@ class AcDb2dPolyline : public AcDbVertexPolyline
 {
 public:
     ACRX_DECLARE_MEMBERS()
-    double elevation() const { return m_elevation; }
-    AcGeVector3d normal() const { return m_normal; }
+    double elevation() const;
+    AcGeVector3d normal() const;
     /// Opens one of this polyline's vertices.
     Acad::ErrorStatus openVertex(AcDb2dVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode) const;
-    std::vector<CurvePath> curves() const override;
     /// Whether it is splined or curve-fitted: such a polyline has no lightweight form.
     bool isFitted() const { return (flags() & (2 | 4)) != 0; }
-
-protected:
-    const IndexedPath* path() const override;
 };
 
 class AcDb3dPolyline : public AcDbVertexPolyline
 {
 public:
     ACRX_DECLARE_MEMBERS()
-    std::vector<CurvePath> curves() const override;
-
-protected:
-    const IndexedPath* path() const override;
 };

@@ -5,7 +5,8 @@
 
 #include <string>
 
-/// A named record of one of the drawing's tables.
+/// A named record of one of the drawing's tables. A record made here can be changed until it is closed; a loaded one
+/// answers `eNotImplementedYet`.
 class AcDbSymbolTableRecord : public AcDbObject
 {
 public:
@@ -17,6 +18,8 @@ public:
 protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
+    /// `eOk` while the record is fresh; else why it may not be changed.
+    Acad::ErrorStatus mayChangeFresh();
 
 private:
     std::u16string m_name;
@@ -63,7 +66,8 @@ public:
     }
     bool has(const std::u16string& name) const;
     /// Takes the record into the drawing: on success it belongs to the database, stays open, and must be closed.
-    /// `eDuplicateRecordName` when the name is taken, `eInvalidInput` when it is no valid symbol name.
+    /// `eDuplicateRecordName` when the name is taken, `eInvalidInput` when it is no valid symbol name,
+    /// `eNotImplementedYet` for kinds of records that are never made here (linetypes, dimension styles, views ...).
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     std::unique_ptr<AcDbSymbolTableIterator> newIterator() const;
@@ -204,13 +208,12 @@ protected:
     void encode(TagWriter& out) const override;
 
 private:
-    /// A loaded layer is not changed by the program: these answer `eNotImplementedYet` for it.
     Acad::ErrorStatus setFlag(int bit, bool on);
 
     int m_flags = 0;
     bool m_off = false;
     AcCmColor m_color;
-    AcDbObjectId m_linetype;
+    AcDbObjectId m_linetype; ///< null: continuous
 };
 
 /// A block definition, or one of the spaces.
@@ -224,5 +227,9 @@ public:
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     /// The entities in the block, in drawing order, erased ones left out, vertices and attributes not among them.
     AcDbObjectIdArray entityIds() const;
+    /// Base point.
     AcGePoint3d origin() const;
+
+protected:
+    void encode(TagWriter& out) const override;
 };

@@ -2,7 +2,7 @@
 
 #include "host/drawing/entity.h"
 
-/// A single line of text.
+/// A single line of text. Its setters change a fresh text; a loaded one answers `eNotImplementedYet`.
 class AcDbText : public AcDbEntity
 {
 public:
@@ -16,10 +16,12 @@ public:
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     AcDb::TextHorzMode horizontalMode() const { return m_horizontal; }
     Acad::ErrorStatus setHorizontalMode(AcDb::TextHorzMode mode);
+    /// Left end of the base line, in the text's own plane.
     AcGePoint3d position() const { return m_position; }
     Acad::ErrorStatus setPosition(const AcGePoint3d& point);
     AcGePoint3d alignmentPoint() const { return m_alignment; }
     Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& point);
+    /// Radians.
     double rotation() const { return m_rotation; }
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
     void addExtents(AcGeExtents& extents) const override;
@@ -36,4 +38,5 @@ private:
     AcDb::TextHorzMode m_horizontal = AcDb::kTextLeft;
     AcGePoint3d m_position;
     AcGePoint3d m_alignment;
+    AcGeVector3d m_normal{0.0, 0.0, 1.0};
 };

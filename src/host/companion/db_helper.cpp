@@ -1,0 +1,13 @@
+#include "host/companion/db_helper.h"
+
+#include "host/drawing/entity.h"
+
+void DbHelper::DeleteEntity(AcDbObjectIdArray& ids, bool erase)
+{
+    for (const AcDbObjectId id : ids)
+    {
+        const AcDbObjectPointer<AcDbEntity> entity{id, AcDb::kForWrite};
+        if (entity)
+            entity->erase(erase);
+    }
+}

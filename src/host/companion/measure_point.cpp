@@ -1,0 +1,35 @@
+#include "host/companion/measure_point.h"
+
+#include "host/drawing/pair_edit.h"
+
+ACRX_DEFINE_MEMBERS(PlxDbPointObj, AcDbEntity, nullptr)
+ACRX_DEFINE_MEMBERS(PlxDbMeasurePointObj, PlxDbPointObj, u"PLXDBMEASUREPOINTOBJ")
+
+std::u16string PlxDbPointObj::Get(int field) const
+{
+    const auto found = m_fields.find(field);
+    return found != m_fields.end() ? found->second : std::u16string{};
+}
+
+void PlxDbPointObj::addExtents(AcGeExtents& extents) const
+{
+    extents.addPoint(m_position);
+}
+
+void PlxDbPointObj::decode(TagReader& pairs)
+{
+    OwnPairs own{pairs};
+    int field = 0;
+    bool inPoint = false;
+    for (Tag tag; own.next(tag);)
+        if (tag.code == 100)
+            inPoint = tag.word() == "PlxDbPointObj";
+        else if (!inPoint)
+            continue;
+        else if (tag.code == 10)
+            m_position = own.pointFrom(tag);
+        else if (tag.code == 70)
+            field = static_cast<int>(tag.integer());
+        else if (tag.code == 1)
+            m_fields.insert_or_assign(field, decodeText(tag.value));
+}

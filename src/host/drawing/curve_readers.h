@@ -1,0 +1,20 @@
+#pragma once
+
+#include "host/geometry/curve_path.h"
+
+#include <string_view>
+#include <vector>
+
+/// The kinds of curves that take more than a few values from their pairs. World coordinates; nothing for pairs that
+/// make no curve.
+
+/// Boundary of a hatch: each of its loops, or each edge of a loop that is made of edges.
+std::vector<CurvePath> readHatchBoundary(std::string_view pairs);
+
+/// A spline as chords along it.
+std::vector<CurvePath> readSpline(std::string_view pairs);
+
+/// Part of an ellipse about `center`, by its long half-axis, the ratio of the short one to it and its parameters
+/// (radians, counter-clockwise about `normal`).
+CurvePath ellipse(const AcGePoint3d& center, const AcGeVector3d& longAxis, double ratio, double from, double to,
+                  const AcGeVector3d& normal);

@@ -1,0 +1,146 @@
+#include "host/drawing/entity_curves.h"
+
+#include "host/drawing/block_index.h"
+#include "host/drawing/curve_readers.h"
+#include "host/drawing/database.h"
+#include "host/drawing/insert_placement.h"
+#include "host/drawing/pair_edit.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr size_t kDeepestNesting = 100;
+constexpr size_t kMostCurves = 1'000'000;
+
+/// Gathers what a block reference draws, blocks inside blocks included.
+class BlockCurves
+{
+public:
+    void add(ObjectRecord& entity, const AcGeMatrix3d& placed);
+    std::vector<CurvePath> take() { return std::move(m_curves); }
+
+private:
+    void addReference(ObjectRecord& reference, const AcGeMatrix3d& placed);
+    void addDimension(ObjectRecord& dimension, const AcGeMatrix3d& placed);
+    void addContents(AcDbDatabase& drawing, const std::u16string& block, const std::vector<AcGeMatrix3d>& places);
+    void addPlaced(const CurvePath& curve, const AcGeMatrix3d& placed);
+
+    std::vector<CurvePath> m_curves;
+    std::vector<const Container*> m_open; ///< the blocks that stand around the entity at hand
+    size_t m_visited = 0;
+};
+
+AcGePoint3d basePointOf(const Container& block)
+{
+    OwnPairs pairs{block.head->view()};
+    for (Tag tag; pairs.next(tag);)
+        if (tag.code == 10)
+            return pairs.pointFrom(tag);
+    return {};
+}
+
+void BlockCurves::addPlaced(const CurvePath& curve, const AcGeMatrix3d& placed)
+{
+    m_curves.push_back(m_open.empty() ? curve : curve.transformed(placed));
+}
+
+void BlockCurves::add(ObjectRecord& entity, const AcGeMatrix3d& placed)
+{
+    if (++m_visited > kMostCurves || m_curves.size() > kMostCurves)
+        return;
+    const std::string_view kind = entity.database->dxfNameOf(entity);
+    if (kind == "INSERT")
+        return addReference(entity, placed);
+    if (kind == "DIMENSION")
+        return addDimension(entity, placed);
+    if (kind == "POLYLINE")
+    {
+        if (const CurvePath shape = readVertexPolyline(entity); !shape.isEmpty())
+            addPlaced(shape, placed);
+        return;
+    }
+    for (const CurvePath& curve : curvesOfPairs(kind, entity.view()))
+        addPlaced(curve, placed);
+}
+
+void BlockCurves::addReference(ObjectRecord& reference, const AcGeMatrix3d& placed)
+{
+    const InsertPlacement insert = readInsertPlacement(reference.view());
+    std::vector<AcGeMatrix3d> places;
+    const size_t count = std::min(insert.count(), kMostCurves - std::min(kMostCurves, m_visited));
+    for (size_t i = 0; i < count; ++i)
+        places.push_back(placed * insert.toWorld(i));
+    m_visited += count;
+    addContents(*reference.database, reference.database->encoding().decode(insert.block), places);
+}
+
+void BlockCurves::addDimension(ObjectRecord& dimension, const AcGeMatrix3d& placed)
+{
+    OwnPairs pairs{dimension.view()};
+    for (Tag tag; pairs.next(tag);)
+        if (tag.code == 2)
+            return addContents(*dimension.database, dimension.database->encoding().decode(tag.word()), {placed});
+}
+
+void BlockCurves::addContents(AcDbDatabase& drawing, const std::u16string& block,
+                              const std::vector<AcGeMatrix3d>& places)
+{
+    const Container* contents = drawing.blocks().contents(block);
+    if (contents == nullptr || m_open.size() >= kDeepestNesting ||
+        std::find(m_open.begin(), m_open.end(), contents) != m_open.end())
+        return;
+    const auto index = static_cast<uint32_t>(contents - drawing.store().containers.data());
+    const AcGePoint3d base = basePointOf(*contents);
+    const AcDbObjectIdArray entities = drawing.blocks().entitiesIn(index, false);
+    m_open.push_back(contents);
+    for (const AcGeMatrix3d& place : places)
+        for (const AcDbObjectId id : entities)
+            add(*id.record(), place * AcGeMatrix3d::translation(AcGePoint3d::kOrigin - base));
+    m_open.pop_back();
+}
+
+} // namespace
+
+std::vector<CurvePath> curvesOfEntity(ObjectRecord& record)
+{
+    BlockCurves curves;
+    curves.add(record, AcGeMatrix3d::kIdentity);
+    return curves.take();
+}
+
+std::vector<ObjectRecord*> subEntitiesOf(const ObjectRecord& record)
+{
+    std::vector<ObjectRecord*> parts;
+    RecordPool& pool = record.database->store().records;
+    for (size_t next = size_t{record.order} + 1; next < pool.size(); ++next)
+    {
+        ObjectRecord& part = pool[next];
+        if (!part.has(ObjectRecord::kSubEntity) || part.container != record.container)
+            break;
+        if (!part.has(ObjectRecord::kErased))
+            parts.push_back(&part);
+    }
+    return parts;
+}
+
+bool readInsertionPoint(std::string_view text, AcGePoint3d& point)
+{
+    OwnPairs pairs{text};
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    bool found = false;
+    for (Tag tag; pairs.next(tag);)
+    {
+        if (tag.code == 10 && !found)
+        {
+            point = pairs.pointFrom(tag);
+            found = true;
+        }
+        else if (tag.code == 210)
+            normal = pairs.pointFrom(tag).asVector();
+    }
+    if (found)
+        point = AcGeMatrix3d::planeToWorld(normal) * point;
+    return found;
+}

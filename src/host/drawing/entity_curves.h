@@ -1,0 +1,32 @@
+#pragma once
+
+#include "host/geometry/curve_path.h"
+
+#include <string_view>
+#include <vector>
+
+struct ObjectRecord;
+
+/// What entities draw, read straight from their pairs, in world coordinates; no object is opened. Texts and kinds
+/// without curves give none. Neither damaged pairs nor blocks that contain each other do harm: what cannot be made out
+/// draws nothing, and a block inside itself, nested too deep or multiplied beyond a million curves ends there.
+
+/// Curves of an entity of `kind` (its name in drawing files) that stands alone: no block reference, no polyline with
+/// vertices of its own.
+std::vector<CurvePath> curvesOfPairs(std::string_view kind, std::string_view pairs);
+
+/// Curves of any entity, contents of block references placed.
+std::vector<CurvePath> curvesOfEntity(ObjectRecord& record);
+
+/// Shape of a lightweight polyline; false when the number of vertices is not the one it declares.
+bool readLightweightPolyline(std::string_view pairs, CurvePath& shape);
+
+/// Shape of a polyline whose vertices follow it as records of their own; empty for meshes. Fitted ones give the points
+/// of the fitted curve.
+CurvePath readVertexPolyline(ObjectRecord& polyline);
+
+/// The records that belong to an entity and follow it: vertices, attributes, the end of their sequence; live ones.
+std::vector<ObjectRecord*> subEntitiesOf(const ObjectRecord& record);
+
+/// Where an entity without curves stands: its first point (10), from its own plane into the world.
+bool readInsertionPoint(std::string_view pairs, AcGePoint3d& point);

@@ -1,0 +1,193 @@
+#include "host/drawing/curve_readers.h"
+
+#include "host/drawing/pair_edit.h"
+
+#include <numbers>
+
+namespace
+{
+
+constexpr int kPolylineLoop = 2;
+
+/// Reads the loops of a hatch. The meaning of a pair hangs on the ones before it, so the pairs are walked in order; a
+/// pair that does not fit ends the walk with the loops read so far.
+class HatchReader
+{
+public:
+    explicit HatchReader(std::string_view text) : m_pairs{text} {}
+    std::vector<CurvePath> read();
+
+private:
+    bool step() { return m_more = m_pairs.next(m_tag); }
+    /// Takes the pair at hand when it has this code.
+    bool take(int code, double& value);
+    double real(int code, double fallback = 0.0)
+    {
+        take(code, fallback);
+        return fallback;
+    }
+    int integer(int code) { return static_cast<int>(real(code)); }
+    AcGePoint3d point(int code);
+    AcGeMatrix3d world() const { return AcGeMatrix3d::planeToWorld(m_normal); }
+    void readHead();
+    void readLoop();
+    void readPolylineLoop();
+    void readEdge();
+    void readArc();
+    void readEllipse();
+    void readSplineEdge();
+
+    OwnPairs m_pairs;
+    Tag m_tag;
+    bool m_more = true;
+    double m_elevation = 0.0;
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
+    std::vector<CurvePath> m_curves;
+};
+
+bool HatchReader::take(int code, double& value)
+{
+    if (!m_more || m_tag.code != code)
+        return false;
+    value = m_tag.real();
+    step();
+    return true;
+}
+
+AcGePoint3d HatchReader::point(int code)
+{
+    AcGePoint3d at;
+    if (!m_more || m_tag.code != code)
+        return at;
+    at = m_pairs.pointFrom(m_tag);
+    step();
+    return at;
+}
+
+/// Up to and with the number of loops (91).
+void HatchReader::readHead()
+{
+    bool first = true;
+    while (step() && m_tag.code != 91)
+        if (m_tag.code == 10 && first)
+        {
+            m_elevation = m_pairs.pointFrom(m_tag).z;
+            first = false;
+        }
+        else if (m_tag.code == 210)
+            m_normal = m_pairs.pointFrom(m_tag).asVector();
+    if (m_more)
+        step();
+}
+
+std::vector<CurvePath> HatchReader::read()
+{
+    readHead();
+    while (m_more && m_tag.code == 92)
+        readLoop();
+    return std::move(m_curves);
+}
+
+void HatchReader::readLoop()
+{
+    const int kind = integer(92);
+    if ((kind & kPolylineLoop) != 0)
+        readPolylineLoop();
+    else
+    {
+        const int edges = integer(93);
+        for (int i = 0; i < edges && m_more && m_tag.code == 72; ++i)
+            readEdge();
+    }
+    const int sources = integer(97);
+    for (int i = 0; i < sources && m_more && m_tag.code == 330; ++i)
+        step();
+}
+
+void HatchReader::readPolylineLoop()
+{
+    integer(72);
+    const bool closed = integer(73) != 0;
+    integer(93);
+    std::vector<PathVertex> vertices;
+    while (m_more && m_tag.code == 10)
+    {
+        const AcGePoint3d at = point(10);
+        vertices.push_back({at.x, at.y, real(42)});
+    }
+    m_curves.push_back(CurvePath::plane(std::move(vertices), closed, m_elevation, m_normal));
+}
+
+void HatchReader::readEdge()
+{
+    constexpr int kLine = 1;
+    constexpr int kArc = 2;
+    constexpr int kEllipse = 3;
+    switch (integer(72))
+    {
+    case kLine:
+    {
+        const AcGePoint3d from = point(10);
+        const AcGePoint3d to = point(11);
+        m_curves.push_back(CurvePath::plane({{from.x, from.y}, {to.x, to.y}}, false, m_elevation, m_normal));
+        break;
+    }
+    case kArc: readArc(); break;
+    case kEllipse: readEllipse(); break;
+    default: readSplineEdge(); break;
+    }
+}
+
+void HatchReader::readArc()
+{
+    AcGePoint3d center = point(10);
+    center.z = m_elevation;
+    const double radius = real(40);
+    const double from = real(50) * std::numbers::pi / 180.0;
+    const double to = real(51) * std::numbers::pi / 180.0;
+    // A clockwise edge gives its angles clockwise too.
+    m_curves.push_back(integer(73) != 0 ? CurvePath::arc(center, radius, from, to, m_normal)
+                                        : CurvePath::arc(center, radius, -to, -from, m_normal));
+}
+
+void HatchReader::readEllipse()
+{
+    AcGePoint3d center = point(10);
+    center.z = m_elevation;
+    const AcGeVector3d axis = point(11).asVector();
+    const double ratio = real(40);
+    const double from = real(50) * std::numbers::pi / 180.0;
+    const double to = real(51) * std::numbers::pi / 180.0;
+    const bool turnsLeft = integer(73) != 0;
+    const AcGeMatrix3d toWorld = world();
+    m_curves.push_back(ellipse(toWorld * center, toWorld * axis, ratio, turnsLeft ? from : -to, turnsLeft ? to : -from,
+                               m_normal));
+}
+
+/// A spline edge is drawn through its control points.
+void HatchReader::readSplineEdge()
+{
+    AcGePoint3dArray controls;
+    const AcGeMatrix3d toWorld = world();
+    const auto belongs = [](int code) { return code == 94 || code == 95 || code == 96 || code == 73 || code == 74 ||
+                                               code == 40 || code == 42 || (code >= 10 && code <= 23); };
+    while (m_more && belongs(m_tag.code))
+    {
+        if (m_tag.code == 10)
+        {
+            AcGePoint3d at = m_pairs.pointFrom(m_tag);
+            at.z = m_elevation;
+            controls.push_back(toWorld * at);
+        }
+        step();
+    }
+    if (!controls.empty())
+        m_curves.push_back(CurvePath::space(controls));
+}
+
+} // namespace
+
+std::vector<CurvePath> readHatchBoundary(std::string_view pairs)
+{
+    return HatchReader{pairs}.read();
+}

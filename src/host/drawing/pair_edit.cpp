@@ -1,0 +1,60 @@
+#include "host/drawing/pair_edit.h"
+
+PairEdit::PairEdit(std::string_view text) : m_text{text}, m_at{text.data()}
+{
+    const size_t lineEnd = text.find('\n');
+    m_carriageReturns = lineEnd != std::string_view::npos && lineEnd > 0 && text[lineEnd - 1] == '\r';
+    m_result.reserve(text.size() + 64);
+}
+
+void PairEdit::replace(const char* begin, const char* end, std::string_view pairs)
+{
+    m_result.append(m_at, begin);
+    m_at = end;
+    if (!m_carriageReturns)
+    {
+        m_result.append(pairs);
+        return;
+    }
+    for (const char c : pairs)
+    {
+        if (c == '\n')
+            m_result += '\r';
+        m_result += c;
+    }
+}
+
+std::string PairEdit::take()
+{
+    m_result.append(m_at, m_text.data() + m_text.size());
+    return std::move(m_result);
+}
+
+bool OwnPairs::next(Tag& tag)
+{
+    constexpr int kEmbeddedObject = 101;
+    constexpr int kGroup = 102;
+    constexpr int kExtendedData = 1001;
+    while (m_reader.next(tag))
+    {
+        if (tag.code == kEmbeddedObject || tag.code == kExtendedData)
+            return false;
+        m_at = tag.end;
+        if (tag.code != kGroup)
+            return true;
+        if (tag.word().starts_with('{'))
+            skipGroup();
+    }
+    return false;
+}
+
+void OwnPairs::skipGroup()
+{
+    Tag tag;
+    while (m_reader.next(tag))
+    {
+        m_at = tag.end;
+        if (tag.code == 102 && tag.word() == "}")
+            return;
+    }
+}
