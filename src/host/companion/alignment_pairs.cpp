@@ -137,7 +137,7 @@ void SectionReader::endSection()
 bool SectionReader::isSound()
 {
     endSection();
-    return m_sound && isCount(m_declared, m_sections.size());
+    return m_sound && (m_declared < 0 || isCount(m_declared, m_sections.size()));
 }
 
 void SectionReader::take(const Tag& tag, OwnPairs& pairs)
@@ -159,18 +159,41 @@ void SectionReader::takeInSection(const Tag& tag, OwnPairs& pairs)
     SectionRecord& section = m_sections.back();
     switch (tag.code)
     {
-    case 10: section.pointA = pairs.pointFrom(tag); break;
-    case 11: section.pointB = pairs.pointFrom(tag); break;
-    case 12: section.basePoint = pairs.pointFrom(tag); break;
-    case kGroundLine: section.groundLineId = idOf(tag); break;
-    case kFlags: section.flags = static_cast<uint16_t>(tag.integer()); break;
-    case kPoints: m_points = tag.integer(); break;
-    case kPoint: section.pointIds.push_back(idOf(tag)); break;
-    case kOffsets: m_offsets = tag.integer(); break;
-    case kOffset: section.dcOffsets.push_back(tag.real()); break;
-    case kDrawn: m_drawn = tag.integer(); break;
-    case kDrawnId: section.drawnIds.push_back(idOf(tag)); break;
-    default: break;
+    case 10:
+        section.pointA = pairs.pointFrom(tag);
+        break;
+    case 11:
+        section.pointB = pairs.pointFrom(tag);
+        break;
+    case 12:
+        section.basePoint = pairs.pointFrom(tag);
+        break;
+    case kGroundLine:
+        section.groundLineId = idOf(tag);
+        break;
+    case kFlags:
+        section.flags = static_cast<uint16_t>(tag.integer());
+        break;
+    case kPoints:
+        m_points = tag.integer();
+        break;
+    case kPoint:
+        section.pointIds.push_back(idOf(tag));
+        break;
+    case kOffsets:
+        m_offsets = tag.integer();
+        break;
+    case kOffset:
+        section.dcOffsets.push_back(tag.real());
+        break;
+    case kDrawn:
+        m_drawn = tag.integer();
+        break;
+    case kDrawnId:
+        section.drawnIds.push_back(idOf(tag));
+        break;
+    default:
+        break;
     }
 }
 

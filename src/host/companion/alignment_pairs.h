@@ -22,8 +22,8 @@ private:
 
     AcDbDatabase& m_drawing;
     std::vector<SectionRecord> m_sections;
-    int64_t m_declared = 0; ///< sections
-    int64_t m_points = 0;   ///< declared by the section at hand
+    int64_t m_declared = -1; ///< sections; -1 when nothing says it
+    int64_t m_points = 0;    ///< declared by the section at hand
     int64_t m_offsets = 0;
     int64_t m_drawn = 0;
     bool m_sound = true;

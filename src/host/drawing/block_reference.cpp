@@ -70,14 +70,6 @@ void AcDbBlockReference::decode(TagReader&)
     m_placement.block = {};
 }
 
-void AcDbBlockReference::addExtents(AcGeExtents& extents) const
-{
-    AcGeExtents contents;
-    for (const CurvePath& curve : curves())
-        contents.addExtents(curve.extents());
-    contents.isValid() ? extents.addExtents(contents) : extents.addPoint(position());
-}
-
 void AcDbBlockReference::encode(TagWriter& out) const
 {
     AcDbEntity::encode(out);

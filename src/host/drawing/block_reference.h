@@ -32,6 +32,7 @@ public:
     /// Carries the block's coordinates into the world.
     AcGeMatrix3d blockTransform() const;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
+
 protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
@@ -39,9 +40,4 @@ protected:
 private:
     AcDbObjectId m_block;
     InsertPlacement m_placement; ///< its block name stays empty
-};
-    int m_columns = 1;
-    int m_rows = 1;
-    double m_columnSpacing = 0.0;
-    double m_rowSpacing = 0.0;
 };

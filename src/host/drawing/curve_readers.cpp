@@ -18,10 +18,10 @@ double radians(const Tag& tag)
 /// What the pairs of a simple curve say, by group code.
 struct CurveValues
 {
-    std::array<AcGePoint3d, 4> points; ///< 10 to 13
-    unsigned given = 0;                ///< a bit for each point that is there
-    AcGePoint3dArray vertices;         ///< every 10
-    double radius = 0.0;               ///< 40
+    std::array<AcGePoint3d, 4> points;                         ///< 10 to 13
+    unsigned given = 0;                                        ///< a bit for each point that is there
+    AcGePoint3dArray vertices;                                 ///< every 10
+    double radius = 0.0;                                       ///< 40
     std::array<double, 2> params{0.0, 2.0 * std::numbers::pi}; ///< 41, 42
     std::array<double, 2> angles{0.0, 0.0};                    ///< 50, 51
     AcGeVector3d normal = AcGeVector3d::kZAxis;
@@ -198,7 +198,7 @@ std::vector<CurvePath> curvesOfPairs(std::string_view kind, std::string_view pai
 bool readLightweightPolyline(std::string_view text, CurvePath& shape)
 {
     std::vector<PathVertex> vertices;
-    int64_t declared = 0;
+    int64_t declared = -1;
     bool closed = false;
     double elevation = 0.0;
     AcGeVector3d normal = AcGeVector3d::kZAxis;
@@ -219,7 +219,7 @@ bool readLightweightPolyline(std::string_view text, CurvePath& shape)
             elevation = tag.real();
         else if (tag.code == 210)
             normal = pairs.pointFrom(tag).asVector();
-    const bool sound = declared >= 0 && static_cast<uint64_t>(declared) == vertices.size();
+    const bool sound = declared < 0 || static_cast<uint64_t>(declared) == vertices.size();
     shape = CurvePath::plane(std::move(vertices), closed, elevation, normal);
     return sound;
 }

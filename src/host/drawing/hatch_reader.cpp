@@ -132,9 +132,15 @@ void HatchReader::readEdge()
         m_curves.push_back(CurvePath::plane({{from.x, from.y}, {to.x, to.y}}, false, m_elevation, m_normal));
         break;
     }
-    case kArc: readArc(); break;
-    case kEllipse: readEllipse(); break;
-    default: readSplineEdge(); break;
+    case kArc:
+        readArc();
+        break;
+    case kEllipse:
+        readEllipse();
+        break;
+    default:
+        readSplineEdge();
+        break;
     }
 }
 
@@ -160,8 +166,8 @@ void HatchReader::readEllipse()
     const double to = real(51) * std::numbers::pi / 180.0;
     const bool turnsLeft = integer(73) != 0;
     const AcGeMatrix3d toWorld = world();
-    m_curves.push_back(ellipse(toWorld * center, toWorld * axis, ratio, turnsLeft ? from : -to, turnsLeft ? to : -from,
-                               m_normal));
+    m_curves.push_back(
+        ellipse(toWorld * center, toWorld * axis, ratio, turnsLeft ? from : -to, turnsLeft ? to : -from, m_normal));
 }
 
 /// A spline edge is drawn through its control points.
@@ -169,8 +175,11 @@ void HatchReader::readSplineEdge()
 {
     AcGePoint3dArray controls;
     const AcGeMatrix3d toWorld = world();
-    const auto belongs = [](int code) { return code == 94 || code == 95 || code == 96 || code == 73 || code == 74 ||
-                                               code == 40 || code == 42 || (code >= 10 && code <= 23); };
+    const auto belongs = [](int code)
+    {
+        return code == 94 || code == 95 || code == 96 || code == 73 || code == 74 || code == 40 || code == 42 ||
+               (code >= 10 && code <= 23);
+    };
     while (m_more && belongs(m_tag.code))
     {
         if (m_tag.code == 10)

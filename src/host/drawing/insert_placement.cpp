@@ -33,18 +33,41 @@ InsertPlacement readInsertPlacement(std::string_view text)
     for (Tag tag; pairs.next(tag);)
         switch (tag.code)
         {
-        case 2: insert.block = tag.word(); break;
-        case 10: insert.position = pairs.pointFrom(tag); break;
-        case 41: insert.scaleX = tag.real(); break;
-        case 42: insert.scaleY = tag.real(); break;
-        case 43: insert.scaleZ = tag.real(); break;
-        case 44: insert.columnSpacing = tag.real(); break;
-        case 45: insert.rowSpacing = tag.real(); break;
-        case 50: insert.rotation = tag.real() * std::numbers::pi / 180.0; break;
-        case 70: insert.columns = countOf(tag); break;
-        case 71: insert.rows = countOf(tag); break;
-        case 210: insert.normal = pairs.pointFrom(tag).asVector(); break;
-        default: break;
+        case 2:
+            insert.block = tag.word();
+            break;
+        case 10:
+            insert.position = pairs.pointFrom(tag);
+            break;
+        case 41:
+            insert.scaleX = tag.real();
+            break;
+        case 42:
+            insert.scaleY = tag.real();
+            break;
+        case 43:
+            insert.scaleZ = tag.real();
+            break;
+        case 44:
+            insert.columnSpacing = tag.real();
+            break;
+        case 45:
+            insert.rowSpacing = tag.real();
+            break;
+        case 50:
+            insert.rotation = tag.real() * std::numbers::pi / 180.0;
+            break;
+        case 70:
+            insert.columns = countOf(tag);
+            break;
+        case 71:
+            insert.rows = countOf(tag);
+            break;
+        case 210:
+            insert.normal = pairs.pointFrom(tag).asVector();
+            break;
+        default:
+            break;
         }
     return insert;
 }

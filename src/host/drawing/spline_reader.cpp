@@ -29,13 +29,26 @@ Spline readValues(std::string_view text)
     for (Tag tag; pairs.next(tag);)
         switch (tag.code)
         {
-        case 70: spline.closed = (tag.integer() & 1) != 0; break;
-        case 71: spline.degree = static_cast<size_t>(std::clamp<int64_t>(tag.integer(), 0, kHighestDegree + 1)); break;
-        case 40: spline.knots.push_back(tag.real()); break;
-        case 41: spline.weights.push_back(tag.real()); break;
-        case 10: spline.controls.push_back(pairs.pointFrom(tag)); break;
-        case 11: spline.fits.push_back(pairs.pointFrom(tag)); break;
-        default: break;
+        case 70:
+            spline.closed = (tag.integer() & 1) != 0;
+            break;
+        case 71:
+            spline.degree = static_cast<size_t>(std::clamp<int64_t>(tag.integer(), 0, kHighestDegree + 1));
+            break;
+        case 40:
+            spline.knots.push_back(tag.real());
+            break;
+        case 41:
+            spline.weights.push_back(tag.real());
+            break;
+        case 10:
+            spline.controls.push_back(pairs.pointFrom(tag));
+            break;
+        case 11:
+            spline.fits.push_back(pairs.pointFrom(tag));
+            break;
+        default:
+            break;
         }
     return spline;
 }
@@ -87,8 +100,8 @@ AcGePoint3dArray chords(const Spline& spline)
         if (points.empty())
             points.push_back(evaluate(spline, span, from));
         for (size_t i = 1; i <= each; ++i)
-            points.push_back(evaluate(spline, span, from + (to - from) * static_cast<double>(i) /
-                                                        static_cast<double>(each)));
+            points.push_back(
+                evaluate(spline, span, from + (to - from) * static_cast<double>(i) / static_cast<double>(each)));
     }
     return points;
 }

@@ -85,17 +85,33 @@ void AcDbText::decode(TagReader& pairs)
     for (Tag tag; own.next(tag);)
         switch (tag.code)
         {
-        case 1: m_text = decodeText(tag.value); break;
-        case 7: style = decodeText(tag.word()); break;
-        case 10: m_position = own.pointFrom(tag); break;
-        case 11: m_alignment = own.pointFrom(tag); break;
-        case 40: m_height = tag.real(); break;
-        case 50: m_rotation = tag.real() * std::numbers::pi / 180.0; break;
-        case 72:
-            m_horizontal = static_cast<AcDb::TextHorzMode>(std::clamp<int64_t>(tag.integer(), AcDb::kTextLeft, AcDb::kTextFit));
+        case 1:
+            m_text = decodeText(tag.value);
             break;
-        case 210: m_normal = own.pointFrom(tag).asVector(); break;
-        default: break;
+        case 7:
+            style = decodeText(tag.word());
+            break;
+        case 10:
+            m_position = own.pointFrom(tag);
+            break;
+        case 11:
+            m_alignment = own.pointFrom(tag);
+            break;
+        case 40:
+            m_height = tag.real();
+            break;
+        case 50:
+            m_rotation = tag.real() * std::numbers::pi / 180.0;
+            break;
+        case 72:
+            m_horizontal =
+                static_cast<AcDb::TextHorzMode>(std::clamp<int64_t>(tag.integer(), AcDb::kTextLeft, AcDb::kTextFit));
+            break;
+        case 210:
+            m_normal = own.pointFrom(tag).asVector();
+            break;
+        default:
+            break;
         }
     m_style = AcDbObjectId{database()->tables().find("STYLE", style)};
 }
