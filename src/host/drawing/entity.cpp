@@ -5,11 +5,13 @@
 #include "host/drawing/entity_curves.h"
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/table_index.h"
+#include "host/drawing/viewport.h"
 
 #include <algorithm>
 
 ACRX_DEFINE_MEMBERS(AcDbEntity, AcDbObject, nullptr)
 ACRX_DEFINE_MEMBERS(AcDbCurve, AcDbEntity, nullptr)
+ACRX_DEFINE_MEMBERS(AcDbViewport, AcDbEntity, u"VIEWPORT")
 
 namespace
 {
