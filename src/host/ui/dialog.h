@@ -61,7 +61,8 @@ public:
 
     /// What the user does. A control is looked for on the shown tab page first, then on the dialog; one that is
     /// missing, hidden, disabled, read-only or of another kind refuses with a reason, and so does a closed dialog. The
-    /// dialog may be closed when an operation returns; it is not destroyed by it.
+    /// dialog may be closed when an operation returns; it is not destroyed by it. The control becomes the focused
+    /// child.
 
     /// Presses and releases the left button on a button or check box. What the press sent to the host's command line
     /// is run before the release.
@@ -121,7 +122,7 @@ protected:
     virtual void OnSize(int, int) {}
 
     void open(bool modal);
-    void moved() override;
+    void sized() override;
 
 private:
     friend class CWnd; // tells which child has the focus
@@ -138,9 +139,23 @@ private:
         std::function<void(const GridClick&)> handler;
     };
 
+    CDialog* shownPage() const;
+    CWnd* findControl(int id) const;
+    CGridCtrl* findGrid() const;
+    CGridCtrl* ownGrid() const;
+    UserAction reach(const CWnd* control, const std::string& name) const;
+    template <class Kind, class Action>
+    UserAction act(int id, Action action);
+    template <class Action>
+    UserAction actOnCell(int row, int column, Action action);
+    template <class Pick>
+    UserAction choose(int id, Pick pick);
+    UserAction release(CButton& button);
+
     void notify(int id, Notification what);
+    void notify(int id, const GridClick& click);
     void clicked(CButton& button);
-    UserAction clickGrid(int row, int column, int buttonState);
+    bool isModeless() const { return !m_modal && m_template.frame != DialogFrame::kPage; }
 
     const DialogTemplate& m_template;
     std::vector<std::unique_ptr<CWnd>> m_controls;

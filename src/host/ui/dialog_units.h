@@ -14,3 +14,6 @@ CSize dialogUnitsToPixels(int width, int height, int dpi);
 
 /// Where a control of a template stands in its dialog. A drop-down list takes the room that it has when closed.
 CRect controlRect(const ControlTemplate& control, int dpi);
+
+/// The height (negative, as `CFont` has it) of a font of `points`.
+int fontHeight(int points, int dpi);

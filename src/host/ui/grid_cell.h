@@ -83,9 +83,8 @@ public:
     const std::vector<std::u16string>& items() const { return m_items; }
     void SetOptions(std::vector<std::u16string> items);
 
-    /// What happens when the user types or picks `text`; false when that came to nothing (the colour dialog was
-    /// cancelled).
-    virtual bool enter(const std::u16string& text);
+    /// The user typed or picked `text`.
+    virtual void enter(const std::u16string& text) { SetText(text); }
 
 private:
     std::vector<std::u16string> m_items;
@@ -97,7 +96,10 @@ class CGridCellComboColor : public CGridCellCombo
 public:
     CGridCellComboColor();
     std::string_view kindName() const override { return "color"; }
-    bool enter(const std::u16string& text) override;
+    void enter(const std::u16string& text) override;
+
+private:
+    void join(const std::u16string& name);
 };
 
 /// A text that only a push button at its right end changes; pressing it is a click notification with button state 0.

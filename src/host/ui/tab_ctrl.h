@@ -34,7 +34,7 @@ public:
     CRect displayArea() const;
 
 private:
-    void enter(int index);
+    void enterCurrent();
 
     std::vector<Tab> m_tabs;
     int m_current = -1;

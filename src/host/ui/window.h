@@ -56,7 +56,10 @@ protected:
     void setParent(CWnd* parent) { m_parent = parent; }
     /// Tells the front end that the state changed.
     void changed();
-    virtual void moved() {}
+    /// Its size changed.
+    virtual void sized() {}
+    /// `pixels` at 96 dots an inch, on this display.
+    static int onDisplay(int pixels);
 
 private:
     CWnd* m_parent;
