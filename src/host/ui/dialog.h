@@ -53,6 +53,8 @@ public:
     void DestroyWindow();
     bool isOpen() const { return m_open; }
     bool isModal() const { return m_modal; }
+    /// How it was ended last.
+    int result() const { return m_result; }
 
     /// The child that has, or had last, the keyboard focus; may be null.
     CWnd* focusedChild() const { return m_focused; }
