@@ -18,6 +18,11 @@ std::u16string ModuleFolder;
 
 std::u16string UserDataFolder()
 {
+    if (const auto folder = dataFolderOverride())
+    {
+        (void)::mkdir(nativePath(*folder).c_str(), kFolderMode);
+        return *folder;
+    }
     if (const auto roaming = roamingFolder())
     {
         std::u16string folder = *roaming + kModuleData;

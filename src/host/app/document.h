@@ -4,10 +4,11 @@
 #include "host/drawing/error_status.h"
 #include "host/editor/view.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
+
+class EntityIndex;
 
 namespace AcAp
 {
@@ -28,6 +29,8 @@ class AcApDocument
 {
 public:
     AcApDocument(std::unique_ptr<AcDbDatabase> database, std::u16string fileName);
+    AcApDocument(const AcApDocument&) = delete;
+    AcApDocument& operator=(const AcApDocument&) = delete;
     ~AcApDocument();
 
     AcDbDatabase* database() const { return m_database.get(); }
@@ -35,6 +38,8 @@ public:
     const std::u16string& fileName() const { return m_fileName; }
     void setFileName(std::u16string name) { m_fileName = std::move(name); }
     View& view() { return *m_view; }
+    /// The lists and boxes by which selections find entities; built by the selections that need them.
+    EntityIndex& index();
     int lockDepth() const { return m_lockDepth; }
     /// What was sent to the document's command line and not run yet.
     std::u16string& pendingInput() { return m_pendingInput; }
@@ -43,6 +48,7 @@ private:
     friend class AcApDocManager;
     std::unique_ptr<AcDbDatabase> m_database;
     std::unique_ptr<View> m_view;
+    std::unique_ptr<EntityIndex> m_index;
     std::u16string m_fileName;
     std::u16string m_pendingInput;
     int m_lockDepth = 0;

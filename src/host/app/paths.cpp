@@ -1,5 +1,6 @@
 #include "host/app/paths.h"
 
+#include "host/app/session.h"
 #include "host/text.h"
 
 #include <algorithm>
@@ -37,4 +38,11 @@ std::optional<std::u16string> roamingFolder()
     if (!std::filesystem::is_directory(folder, error))
         return std::nullopt;
     return toUtf16(folder.string());
+}
+
+std::optional<std::u16string> dataFolderOverride()
+{
+    if (!host::Session::hasCurrent() || host::Session::current().options().userDataFolder.empty())
+        return std::nullopt;
+    return toUtf16(host::Session::current().options().userDataFolder);
 }

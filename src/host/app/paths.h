@@ -12,3 +12,6 @@ std::string nativePath(std::u16string_view path);
 /// The user's folder for application data ($XDG_CONFIG_HOME, else ~/.config), made when it is missing; nothing when
 /// there is none and none can be made.
 std::optional<std::u16string> roamingFolder();
+
+/// The folder that stands in for the user's folder of the module in this session; nothing when none does.
+std::optional<std::u16string> dataFolderOverride();

@@ -56,6 +56,7 @@ public:
     using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void*);
     /// Starts a module through its entry point; it is stopped when the session ends. `file` is the module's own file.
     void loadModule(EntryPoint entry, std::string file);
+    /// Stops the module; nothing when none is loaded.
     void unloadModule();
     /// The real path of a loaded module's file by its name ("Veloxa.arx"); empty when it is not loaded.
     std::string moduleFile(std::u16string_view name) const;
@@ -76,7 +77,9 @@ public:
     std::string symbolFile(std::u16string_view path) const;
 
 private:
-    Session* m_outer;
+    bool runLine(std::u16string_view line);
+
+    Session* m_outer; ///< the session that is current again when this one ends
     DrawingReader& m_reader;
     DrawingWriter& m_writer;
     FrontEnd& m_frontEnd;
@@ -88,6 +91,7 @@ private:
     AcApDocManager m_documents;
     EntryPoint m_entry = nullptr;
     std::string m_moduleFile;
+    bool m_commandActive = false;
     std::vector<UnreadableFile> m_unreadable;
 };
 

@@ -248,6 +248,7 @@ uint64_t AcDbDatabase::takeHandle()
 
 void AcDbDatabase::noteChange(ObjectRecord& record)
 {
+    ++m_changeCount;
     if (record.has(ObjectRecord::kChanged))
         return;
     record.set(ObjectRecord::kChanged, true);

@@ -117,6 +117,8 @@ public:
         std::string_view original;
     };
     const std::vector<Change>& changes() const { return m_changes; }
+    /// Grows with every change of a record, so that what was worked out from the drawing can be told to be stale.
+    uint64_t changeCount() const { return m_changeCount; }
     bool isModified() const;
     const AcRxClass* classOf(const ObjectRecord& record);
     std::string_view dxfNameOf(const ObjectRecord& record) const;
@@ -134,6 +136,7 @@ private:
 
     DrawingStore m_store;
     std::vector<Change> m_changes;
+    uint64_t m_changeCount = 0;
     std::vector<const AcRxClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for
     std::unique_ptr<HeaderVariables> m_header;
     std::unique_ptr<BlockIndex> m_blocks;

@@ -2,10 +2,13 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 /// Runs a host command with its options, as text. Known: Zoom with "e", "p" or two corners "x,y". RTNORM or RTERROR.
 /// The words end the call; there is no end marker to pass.
 int acedCommandS(std::initializer_list<std::u16string> words);
+/// The same for a line that was typed, in words; false when there is no such command, or no drawing is open.
+bool runHostCommand(const std::vector<std::u16string>& words);
 
 struct resbuf;
 /// Asks the user for a file: `result` receives a string. RTNORM, or RTCAN.

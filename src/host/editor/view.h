@@ -17,6 +17,8 @@ public:
 
     /// Lower left and upper right corner of what is shown, in drawing units. Starts as the drawing's stored view.
     AcGeExtents shown();
+    /// Whether the view is on the drawing's extents, so that nothing of it lies outside. Costs nothing.
+    bool showsEverything();
     void zoomExtents();
     void zoomWindow(const AcGePoint2d& a, const AcGePoint2d& b);
     /// Back to what was shown before the last zoom; nothing when there is no such view.
@@ -25,11 +27,14 @@ public:
     void setAspect(double aspect) { m_aspect = aspect; }
 
 private:
-    /// A view: a window, or (when empty) the drawing's extents at the moment it was asked for.
+    /// A view: a window, or (when empty) the drawing's extents.
     struct Frame
     {
         std::optional<AcGeExtents> window;
     };
+
+    Frame& current();
+    void zoomTo(Frame frame);
 
     AcDbDatabase& m_database;
     std::vector<Frame> m_previous;

@@ -1,0 +1,174 @@
+#include "host/app/session.h"
+
+#include "host/app/paths.h"
+#include "host/editor/command.h"
+#include "host/text.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace host
+{
+
+namespace
+{
+
+Session* innermost = nullptr;
+
+/// The folder of the maker's programs, which the host makes at its start; the module makes its own below it.
+void makeDataFolder()
+{
+    if (const auto roaming = roamingFolder())
+    {
+        std::error_code ignored;
+        std::filesystem::create_directory(nativePath(*roaming + u"/PLX"), ignored);
+    }
+}
+
+std::vector<std::u16string> wordsOf(std::u16string_view line)
+{
+    std::vector<std::u16string> words;
+    for (bool inWord = false; const char16_t unit : line)
+    {
+        const bool blank = unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n';
+        if (!blank && !inWord)
+            words.emplace_back();
+        if (!blank)
+            words.back() += unit;
+        inWord = !blank;
+    }
+    return words;
+}
+
+} // namespace
+
+Session::Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEnd, SessionOptions options)
+    : m_outer{innermost}, m_reader{reader}, m_writer{writer}, m_frontEnd{frontEnd}, m_options{std::move(options)}
+{
+    innermost = this;
+    if (m_options.userDataFolder.empty())
+        makeDataFolder();
+}
+
+Session::~Session()
+{
+    unloadModule();
+    while (m_documents.count() != 0)
+        m_documents.close(m_documents.at(m_documents.count() - 1));
+    innermost = m_outer;
+}
+
+Session& Session::current()
+{
+    if (innermost == nullptr)
+        throw std::logic_error("no session is running");
+    return *innermost;
+}
+
+bool Session::hasCurrent()
+{
+    return innermost != nullptr;
+}
+
+void Session::setFaults(Faults* faults)
+{
+    m_faults = faults != nullptr ? faults : &m_noFaults;
+}
+
+void Session::loadModule(EntryPoint entry, std::string file)
+{
+    unloadModule();
+    m_entry = entry;
+    m_moduleFile = std::move(file);
+    m_entry(AcRx::kInitAppMsg, &m_moduleFile);
+}
+
+void Session::unloadModule()
+{
+    if (m_entry == nullptr)
+        return;
+    m_entry(AcRx::kUnloadAppMsg, &m_moduleFile);
+    m_entry = nullptr;
+    m_moduleFile.clear();
+}
+
+std::string Session::moduleFile(std::u16string_view name) const
+{
+    const std::string fileName = std::filesystem::path(m_moduleFile).filename().string();
+    return equalNoCase(toUtf16(fileName), name) ? m_moduleFile : std::string{};
+}
+
+bool Session::runCommand(std::u16string_view line)
+{
+    const bool ran = runLine(line);
+    runPending();
+    return ran;
+}
+
+bool Session::runLine(std::u16string_view line)
+{
+    const std::vector<std::u16string> words = wordsOf(line);
+    if (words.empty() || m_documents.curDocument() == nullptr || m_commandActive)
+        return false;
+    const AcEdCommandStack::Command* command = m_commands.lookup(words.front());
+    if (command == nullptr)
+        return runHostCommand(words);
+
+    struct Active
+    {
+        explicit Active(bool& flag) : m_flag{flag} { m_flag = true; }
+        ~Active() { m_flag = false; }
+        bool& m_flag;
+    };
+    const Active active{m_commandActive};
+    command->handler();
+    return true;
+}
+
+void Session::runPending()
+{
+    while (AcApDocument* document = m_commandActive ? nullptr : m_documents.curDocument())
+    {
+        std::u16string& pending = document->pendingInput();
+        const size_t end = pending.find_first_of(u"\r\n");
+        if (end == std::u16string::npos)
+            return;
+        const std::u16string line = pending.substr(0, end);
+        pending.erase(0, end + 1);
+        runLine(line);
+    }
+}
+
+void Session::saveCurrent(const std::u16string& path)
+{
+    AcApDocument* document = m_documents.curDocument();
+    if (document == nullptr)
+        throw std::runtime_error("there is no drawing to save");
+    m_writer.write(*document->database(), nativePath(path));
+    document->setFileName(path);
+}
+
+std::string Session::symbolFile(std::u16string_view path) const
+{
+    namespace fs = std::filesystem;
+    const std::string own = nativePath(path);
+    std::error_code ignored;
+    if (fs::is_regular_file(own, ignored))
+        return own;
+    const std::u16string name = toUtf16(fs::path(own).filename().string());
+    for (const std::string& folder : m_options.symbolFolders)
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored))
+            if (equalNoCase(toUtf16(entry.path().filename().string()), name) && entry.is_regular_file(ignored))
+                return entry.path().string();
+    return own;
+}
+
+bool writeAllowed(const AcDbDatabase* database)
+{
+    if (!Session::hasCurrent())
+        return true;
+    const AcApDocument* document = Session::current().documents().document(database);
+    return document == nullptr || document->lockDepth() > 0;
+}
+
+} // namespace host

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "host/geometry/segment2d.h"
+
+#include <cstdint>
+#include <vector>
+
+/// Finds boxes of the plan by place. Items are numbers; each has one box, or none while it covers nothing. Boxes may
+/// be changed at any time: changed ones are looked at one by one until there are enough of them to build anew.
+class BoxTree
+{
+public:
+    /// Gives the item a box, in place of what it had.
+    void set(uint32_t item, const Box2d& box);
+
+    /// Calls `found` with every item whose box shares a place with `place`, borders included, in no order.
+    template <class Found>
+    void visit(const Box2d& place, Found&& found)
+    {
+        if (m_loose.size() > kFewest + m_boxes.size() / 8)
+            build();
+        for (size_t at = 0; at < m_nodes.size();)
+        {
+            const Node& node = m_nodes[at];
+            const bool apart = node.box.isApart(place, 0.0);
+            at = apart ? node.skip : at + 1;
+            for (uint32_t i = node.begin; !apart && i < node.end; ++i)
+                if (!m_isLoose[m_sorted[i]] && !m_boxes[m_sorted[i]].isApart(place, 0.0))
+                    found(m_sorted[i]);
+        }
+        for (const uint32_t item : m_loose)
+            if (!m_boxes[item].isApart(place, 0.0))
+                found(item);
+    }
+
+private:
+    /// Stands before the nodes below it; `skip` is the first node that is not below it. Only leaves have items.
+    struct Node
+    {
+        Box2d box;
+        uint32_t begin = 0;
+        uint32_t end = 0;
+        uint32_t skip = 0;
+    };
+
+    static constexpr size_t kFewest = 64;
+    static constexpr uint32_t kLeafSize = 8;
+
+    void build();
+    void split(uint32_t begin, uint32_t end);
+
+    std::vector<Box2d> m_boxes;
+    std::vector<bool> m_isLoose;
+    std::vector<uint32_t> m_loose; ///< items that are not in the nodes, or not with the box they have now
+    std::vector<uint32_t> m_sorted;
+    std::vector<Node> m_nodes;
+};

@@ -1,0 +1,254 @@
+#include "host/editor/entity_shapes.h"
+
+#include "host/drawing/block_index.h"
+#include "host/drawing/database.h"
+#include "host/drawing/entity.h"
+#include "host/drawing/entity_curves.h"
+#include "host/drawing/insert_placement.h"
+#include "host/editor/plan_region.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr size_t kDeepestNesting = 100;
+constexpr size_t kMostVisits = 100'000;
+
+/// Points joined by straight lines; a single point stands for itself.
+using Run = AcGePoint3dArray;
+
+AcGeExtents transformed(const AcGeExtents& box, const AcGeMatrix3d& map)
+{
+    AcGeExtents result;
+    if (!box.isValid())
+        return result;
+    const AcGePoint3d& low = box.minPoint();
+    const AcGePoint3d& high = box.maxPoint();
+    for (unsigned corner = 0; corner < 8; ++corner)
+        result.addPoint(map * AcGePoint3d{(corner & 1) != 0 ? high.x : low.x, (corner & 2) != 0 ? high.y : low.y,
+                                          (corner & 4) != 0 ? high.z : low.z});
+    return result;
+}
+
+bool isReference(const ObjectRecord& entity)
+{
+    return entity.database->dxfNameOf(entity) == "INSERT";
+}
+
+bool isSurveyPoint(const ObjectRecord& entity)
+{
+    return entity.database->dxfNameOf(entity) == "PLXDBMEASUREPOINTOBJ";
+}
+
+std::vector<CurvePath> curvesOf(ObjectRecord& entity)
+{
+    if (isSurveyPoint(entity))
+        return {};
+    const AcDbObjectPointer<AcDbEntity> opened{AcDbObjectId{&entity}};
+    return opened ? opened->curves() : std::vector<CurvePath>{};
+}
+
+/// Where an entity without curves stands, if anywhere.
+AcGeExtents standingPlace(const ObjectRecord& entity)
+{
+    AcGeExtents place;
+    AcGePoint3d point;
+    if (readInsertionPoint(entity.view(), point))
+        place.addPoint(point);
+    return place;
+}
+
+AcGePoint3d insertionPoint(const InsertPlacement& reference)
+{
+    return AcGeMatrix3d::planeToWorld(reference.normal) * reference.position;
+}
+
+/// Whether the run has a point in the region (for a window: all of it lies there).
+bool runMeets(const Run& run, const AcGeMatrix3d& placed, const PlanRegion& region)
+{
+    const bool seekMeeting = region.kind() != PlanRegion::Kind::Window;
+    if (run.size() == 1)
+        return region.meetsPoint(placed * run.front());
+    AcGePoint3d from = placed * run.front();
+    for (size_t i = 1; i < run.size(); ++i)
+    {
+        const AcGePoint3d to = placed * run[i];
+        if (region.meetsLine(from, to) == seekMeeting)
+            return seekMeeting;
+        from = to;
+    }
+    return !seekMeeting;
+}
+
+} // namespace
+
+Box2d boxInPlan(const AcGeExtents& extents)
+{
+    Box2d box;
+    if (extents.isValid())
+    {
+        box.add(extents.minPoint().x, extents.minPoint().y);
+        box.add(extents.maxPoint().x, extents.maxPoint().y);
+    }
+    return box;
+}
+
+/// What a block definition draws, in its own coordinates.
+struct EntityShapes::Block
+{
+    AcGePoint3d base;
+    std::vector<Run> runs;
+    std::vector<InsertPlacement> references;
+    AcGeExtents box;
+
+    /// Carries the definition's coordinates to where the index-th of a reference's copies stands.
+    AcGeMatrix3d placed(const InsertPlacement& reference, size_t index) const
+    {
+        return reference.toWorld(index) * AcGeMatrix3d::translation(AcGePoint3d::kOrigin - base);
+    }
+};
+
+/// A walk over everything a reference draws, blocks in blocks included, that ends with the first run that decides
+/// whether the reference meets the region: for a window one outside, else one that meets it.
+class EntityShapes::Walk
+{
+public:
+    Walk(EntityShapes& shapes, const PlanRegion& region)
+        : m_shapes{shapes}, m_region{region}, m_seekMeeting{region.kind() != PlanRegion::Kind::Window}
+    {
+    }
+
+    bool meets(const InsertPlacement& reference) { return visit(reference, {}, 0) == m_seekMeeting; }
+
+private:
+    bool visit(const InsertPlacement& reference, const AcGeMatrix3d& outer, size_t depth)
+    {
+        const Block* block = depth < kDeepestNesting ? m_shapes.block(reference.block, depth) : nullptr;
+        for (size_t i = 0; block != nullptr && i < reference.count(); ++i)
+        {
+            // Copies and nestings without end are taken to meet what they come near to.
+            if (++m_visits > kMostVisits)
+                return true;
+            const AcGeMatrix3d placed = outer * block->placed(reference, i);
+            if (m_seekMeeting && boxInPlan(transformed(block->box, placed)).isApart(m_region.box(), 0.0))
+                continue;
+            if (visitContents(*block, placed, depth))
+                return true;
+        }
+        return false;
+    }
+
+    bool visitContents(const Block& block, const AcGeMatrix3d& placed, size_t depth)
+    {
+        for (const Run& run : block.runs)
+            if (runMeets(run, placed, m_region) == m_seekMeeting)
+                return true;
+        return std::any_of(block.references.begin(), block.references.end(),
+                           [&](const InsertPlacement& inner) { return visit(inner, placed, depth + 1); });
+    }
+
+    EntityShapes& m_shapes;
+    const PlanRegion& m_region;
+    bool m_seekMeeting;
+    size_t m_visits = 0;
+};
+
+EntityShapes::EntityShapes(AcDbDatabase& database) : m_database{database} {}
+EntityShapes::~EntityShapes() = default;
+
+void EntityShapes::forget()
+{
+    m_blocks.clear();
+}
+
+const EntityShapes::Block* EntityShapes::block(std::string_view name, size_t depth)
+{
+    if (const auto known = m_blocks.find(name); known != m_blocks.end())
+        return known->second.get();
+    const Container* contents = m_database.blocks().contents(m_database.encoding().decode(name));
+    // Entered before it is filled: a block that leads back to itself finds itself empty there.
+    Block* fresh = m_blocks.emplace(name, std::make_unique<Block>()).first->second.get();
+    if (contents != nullptr)
+        load(*fresh, static_cast<uint32_t>(contents - m_database.store().containers.data()), depth);
+    return fresh;
+}
+
+void EntityShapes::load(Block& block, uint32_t container, size_t depth)
+{
+    if (const ObjectRecord* head = m_database.store().containers[container].head)
+        readInsertionPoint(head->view(), block.base);
+    Block loaded{block.base, {}, {}, {}};
+    for (const AcDbObjectId id : m_database.blocks().entitiesIn(container, false))
+    {
+        ObjectRecord& entity = *id.record();
+        if (isReference(entity))
+        {
+            loaded.references.push_back(readInsertPlacement(entity.view()));
+            if (depth < kDeepestNesting)
+                loaded.box.addExtents(placedBox(loaded.references.back(), depth + 1));
+            continue;
+        }
+        for (const CurvePath& curve : curvesOf(entity))
+        {
+            loaded.runs.push_back(curve.flatten());
+            loaded.box.addExtents(curve.extents());
+        }
+    }
+    std::erase_if(loaded.runs, [](const Run& run) { return run.empty(); });
+    block = std::move(loaded);
+}
+
+/// Empty when the reference draws nothing.
+AcGeExtents EntityShapes::placedBox(const InsertPlacement& reference, size_t depth)
+{
+    AcGeExtents box;
+    const Block* drawn = block(reference.block, depth);
+    const size_t lastColumn = static_cast<size_t>(reference.columns) - 1;
+    const size_t lastRow = reference.count() - 1 - lastColumn;
+    for (const size_t corner : {size_t{0}, lastColumn, lastRow, lastRow + lastColumn})
+        box.addExtents(transformed(drawn->box, drawn->placed(reference, corner)));
+    return box;
+}
+
+AcGeExtents EntityShapes::box(ObjectRecord& entity)
+{
+    AcGeExtents box;
+    if (isReference(entity))
+    {
+        const InsertPlacement reference = readInsertPlacement(entity.view());
+        box = placedBox(reference, 0);
+        if (!box.isValid())
+            box.addPoint(insertionPoint(reference));
+        return box;
+    }
+    for (const CurvePath& curve : curvesOf(entity))
+        box.addExtents(curve.extents());
+    return box.isValid() ? box : standingPlace(entity);
+}
+
+bool EntityShapes::meets(ObjectRecord& entity, const PlanRegion& region)
+{
+    const AcGeExtents around = box(entity);
+    if (!around.isValid() || boxInPlan(around).isApart(region.box(), 0.0))
+        return false;
+    if (region.holdsBox(boxInPlan(around)))
+        return true;
+    if (isReference(entity))
+    {
+        const InsertPlacement reference = readInsertPlacement(entity.view());
+        return placedBox(reference, 0).isValid() ? Walk{*this, region}.meets(reference)
+                                                 : region.meetsPoint(insertionPoint(reference));
+    }
+    const std::vector<CurvePath> curves = curvesOf(entity);
+    if (curves.empty())
+        return region.meetsPoint(around.minPoint());
+    const auto decides = [&region](const CurvePath& curve)
+    {
+        const Run run = curve.flatten();
+        return !run.empty() && runMeets(run, AcGeMatrix3d::kIdentity, region);
+    };
+    return region.kind() == PlanRegion::Kind::Window ? std::all_of(curves.begin(), curves.end(), decides)
+                                                     : std::any_of(curves.begin(), curves.end(), decides);
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/geometry/point3d.h"
+#include "host/geometry/segment2d.h"
+
+#include <span>
+#include <vector>
+
+/// The place a selection asks for, in plan: a polygon or a fence. Touching counts as meeting; what is no farther than
+/// rounding can carry it counts as touching. A polygon may cross itself: then inside is what an odd number of its
+/// turns goes around.
+class PlanRegion
+{
+public:
+    enum class Kind
+    {
+        Crossing,
+        Fence,
+        Window
+    };
+
+    PlanRegion(Kind kind, std::vector<AcGePoint2d> corners);
+    /// A rectangle, as a crossing polygon.
+    explicit PlanRegion(const Box2d& rectangle);
+
+    Kind kind() const { return m_kind; }
+    /// Around the region, wide enough that nothing outside it can meet the region.
+    const Box2d& box() const { return m_box; }
+
+    bool meetsPoint(const AcGePoint3d& point) const;
+    /// Whether the line from one point to the other has a point in the region (for a window: all of it).
+    bool meetsLine(const AcGePoint3d& from, const AcGePoint3d& to) const;
+    /// Whether everything in the box is in the region; false when that is not certain.
+    bool holdsBox(const Box2d& box) const;
+
+private:
+    bool contains(const AcGePoint2d& point) const;
+    bool isOnBorder(const AcGePoint2d& point) const;
+    bool crossesBorder(const AcGePoint2d& from, const AcGePoint2d& to) const;
+    bool holdsLine(const AcGePoint2d& from, const AcGePoint2d& to) const;
+    size_t sides() const { return m_kind == Kind::Fence ? m_corners.size() - 1 : m_corners.size(); }
+    const AcGePoint2d& corner(size_t index) const { return m_corners[index % m_corners.size()]; }
+
+    Kind m_kind;
+    std::vector<AcGePoint2d> m_corners;
+    Box2d m_box;
+    double m_tolerance = 0.0;
+};
