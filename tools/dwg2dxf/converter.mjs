@@ -16,6 +16,16 @@ const { default: instantiate } = await import(new URL('libredwg-web.js', folder)
 const CRITICAL_ERROR = 128; // from here on the library's error codes mean that no whole drawing was read
 const STACK_SIZE = 16 << 20; // the 64 KiB it comes with overflow
 
+function convert(library, dwg) {
+  library.FS.writeFile('in.dwg', dwg);
+  const error = library.dwg_write_dxf('in.dwg', 'out.dxf');
+  if (error >= CRITICAL_ERROR) throw new Error(`error ${error}`);
+
+  const dxf = Buffer.from(library.FS.readFile('out.dxf').buffer);
+  if (!/\n *0\r?\nEOF\s*$/.test(dxf.subarray(-32).toString('latin1'))) throw new Error('only a part of it could be written');
+  return putBackWhatTheWriterLoses(library, 'in.dwg', dxf);
+}
+
 /** Turns the bytes of one DWG after another into those of a DXF, each in a fresh instance of the library. */
 export class Converter {
   // The library's DXF writer frees pointers it must not. An instance lives for one file, so nothing need be freed.
@@ -23,15 +33,11 @@ export class Converter {
 
   async toDxf(dwg) {
     const library = await this.#instance();
-    library.FS.writeFile('in.dwg', dwg);
-    const error = library.dwg_write_dxf('in.dwg', 'out.dxf');
-    if (error >= CRITICAL_ERROR)
-      throw new Error(`the drawing is damaged (error ${error})`);
-
-    const dxf = Buffer.from(library.FS.readFile('out.dxf').buffer);
-    if (!/\r?\n *0\r?\nEOF\s*$/.test(dxf.subarray(-32).toString('latin1')))
-      throw new Error('the drawing is damaged (only a part of it could be written)');
-    return putBackWhatTheWriterLoses(library, 'in.dwg', dxf);
+    try {
+      return convert(library, dwg);
+    } catch (error) {
+      throw new Error(`the drawing is damaged (${error?.message ?? error})`);
+    }
   }
 
   async #instance() {

@@ -42,8 +42,8 @@ function* tagsOf(dxf) {
     const valueAt = dxf.indexOf(10, at) + 1;
     const newline = valueAt === 0 ? -1 : dxf.indexOf(10, valueAt);
     if (newline < 0) return;
-    const code = Number.parseInt(dxf.latin1Slice(at, valueAt), 10);
-    yield { code, valueAt, end: newline + 1, value: () => dxf.latin1Slice(valueAt, newline).trim() };
+    const code = Number.parseInt(dxf.toString('latin1', at, valueAt), 10);
+    yield { code, valueAt, end: newline + 1, value: () => dxf.toString('latin1', valueAt, newline).trim() };
     at = newline + 1;
   }
 }
