@@ -44,7 +44,7 @@ TEST(ConvertDwg, ABadFileCostsOnlyItself)
 {
     const Workshop workshop;
     dwg::Options options = workshop.pretended();
-    options.timeLimit = std::chrono::seconds(4);
+    options.timeLimit = std::chrono::seconds(5);
     options.memoryLimit = 1U << 30U;
 
     const std::vector<dwg::Outcome> outcomes = dwg::convert(
