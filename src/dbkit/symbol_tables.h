@@ -13,6 +13,9 @@ class CComboBox;
 /// layer or a text style exists. "The drawing" is the current one unless a database is given. Nothing is reported: what
 /// cannot be opened gives a null id, an empty name or no names, and makes nothing.
 
+/// The text style of all labels.
+inline constexpr const char16_t* kLabelTextStyle = u"MADIAVATTN";
+
 /// The kinds of tables. Any other number is a table that there is not.
 enum class SymbolTable
 {

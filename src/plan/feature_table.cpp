@@ -1,0 +1,83 @@
+#include "plan/feature_table.h"
+
+#include "host/text.h"
+#include "util/fields.h"
+#include "util/folders.h"
+#include "util/numbers.h"
+#include "util/text_lines.h"
+
+namespace
+{
+
+constexpr char16_t kTableDelimiter = u',';
+constexpr char16_t kStateDelimiter = u'#';
+constexpr std::u16string_view kNoFile = u"NULL"; ///< in the last state, where an empty field would not be kept
+constexpr const char16_t* kLastState = u"\\FcodeBD.cfg";
+
+constexpr size_t kLeastFields = 5;
+constexpr size_t kFieldsWithFlag = 6;
+
+FeatureRows readRows(std::u16string_view path, char16_t delimiter)
+{
+    FeatureRows rows;
+    for (const std::u16string& line : ReadTextLines(path))
+    {
+        const std::vector<std::u16string> fields = SplitFields(line, delimiter, EmptyFields::kSkip);
+        if (fields.size() < kLeastFields)
+            continue;
+        const bool atVertex = fields.size() == kFieldsWithFlag && ToInteger(fields[5]) != 0;
+        rows.push_back({fields[0], fields[1], fields[2], fields[3], fields[4], atVertex});
+    }
+    return rows;
+}
+
+void writeRows(std::u16string_view path, const FeatureRows& rows, char16_t delimiter)
+{
+    std::vector<std::u16string> lines;
+    for (const FeatureRow& row : rows)
+    {
+        std::u16string& line = lines.emplace_back();
+        for (const std::u16string* field : {&row.code, &row.file, &row.scaleX, &row.scaleY, &row.rotation})
+            (line += *field) += delimiter;
+        line += row.atVertex ? u'1' : u'0';
+    }
+    WriteTextLines(path, lines);
+}
+
+} // namespace
+
+const FeatureRow* FindFeatureRow(const FeatureRows& rows, std::u16string_view code)
+{
+    for (const FeatureRow& row : rows)
+        if (equalNoCase(row.code, code))
+            return &row;
+    return nullptr;
+}
+
+FeatureRows ReadFeatureTable(std::u16string_view path)
+{
+    return readRows(path, kTableDelimiter);
+}
+
+void WriteFeatureTable(std::u16string_view path, const FeatureRows& rows)
+{
+    writeRows(path, rows, kTableDelimiter);
+}
+
+FeatureRows ReadLastState()
+{
+    FeatureRows rows = readRows(UserDataFolder() + kLastState, kStateDelimiter);
+    for (FeatureRow& row : rows)
+        if (equalNoCase(row.file, kNoFile))
+            row.file.clear();
+    return rows;
+}
+
+void WriteLastState(const FeatureRows& rows)
+{
+    FeatureRows kept = rows;
+    for (FeatureRow& row : kept)
+        if (row.file.empty())
+            row.file = kNoFile;
+    writeRows(UserDataFolder() + kLastState, kept, kStateDelimiter);
+}

@@ -1,0 +1,34 @@
+#include "sectiondraw/marking.h"
+
+#include "dbkit/resbuf_chain.h"
+#include "host/drawing/object.h"
+#include "util/document_lock.h"
+
+namespace
+{
+
+constexpr const char16_t* kApplication = u"PLX_GEOPOINT";
+
+constexpr int kApplicationName = 1001;
+constexpr int kControl = 1002;
+constexpr int kString = 1000;
+
+CResbuf geoPointData(const std::u16string& code)
+{
+    const CResbuf opening(CResbuf(kApplication, kApplicationName), CResbuf(u"{", kControl));
+    const CResbuf content(CResbuf(code, kString), CResbuf(u"}", kControl));
+    return {opening, content};
+}
+
+} // namespace
+
+void MarkGeoPoint(AcDbObjectId id, const std::u16string& code)
+{
+    const OpenForWrite lock;
+    const AcDbObjectPointer<AcDbObject> object(id);
+    if (!object)
+        return;
+    acdbRegApp(kApplication);
+    if (object->upgradeOpen() == Acad::eOk)
+        object->setXData(geoPointData(code).head());
+}
