@@ -1,0 +1,116 @@
+#include "console/dss_session.h"
+
+#include "host/ui/dialog.h"
+#include "sections/database_cs.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace console
+{
+
+namespace
+{
+
+/// Controls of the dialogs that are played.
+constexpr int kAlignments = 1113;
+constexpr int kSections = 1099;
+constexpr int kDraw = 1094;
+constexpr int kUndo = 1095;
+constexpr int kSettings = 1096;
+constexpr int kOpenLibrary = 1095;
+
+void require(const UserAction& action)
+{
+    if (!action)
+        throw Failure{action.reason()};
+}
+
+std::string alignmentNames()
+{
+    std::string names;
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        names += (names.empty() ? "" : ", ") + toUtf8(line.m_strName);
+    return names;
+}
+
+} // namespace
+
+DssSession::DssSession(Program& program, const std::string& alignment) : m_program{program}
+{
+    program.command(u"DSS");
+    const ListItemReferenceLine& lines = g_DatabaseCS.m_listReferenceLines;
+    if (lines.empty())
+        throw Failure{"the drawing has no alignment"};
+    m_alignment = alignment.empty() ? lines[0].m_strName : toUtf16(alignment);
+    const bool known = std::any_of(lines.begin(), lines.end(), [this](const ItemReferenceLine& line)
+                                   { return equalNoCase(line.m_strName, m_alignment); });
+    if (!known)
+        throw Failure{"the drawing has no alignment \"" + alignment + "\"; it has: " + alignmentNames()};
+    require(dialog().userChoose(kAlignments, line().m_strName));
+}
+
+CDialog& DssSession::dialog() const
+{
+    CDialog* dialog = m_program.frontEnd().currentDialog();
+    if (dialog == nullptr)
+        throw Failure{"the dialog was not opened"};
+    return *dialog;
+}
+
+const ItemReferenceLine& DssSession::line() const
+{
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        if (equalNoCase(line.m_strName, m_alignment))
+            return line;
+    throw Failure{"the alignment is gone"};
+}
+
+void DssSession::tick(const std::vector<size_t>& sections)
+{
+    for (size_t row = 0; row < line().m_listCrossSections.size(); ++row)
+        require(dialog().userTick(kSections, static_cast<int>(row),
+                                  std::binary_search(sections.begin(), sections.end(), row)));
+}
+
+void DssSession::confirmSettings(const std::string& library)
+{
+    bool opened = false;
+    m_program.frontEnd().onModal = [&](CDialog& settings)
+    {
+        opened = true;
+        if (!library.empty())
+        {
+            m_program.frontEnd().queue({toUtf16(library), std::nullopt});
+            require(settings.userClick(kOpenLibrary));
+        }
+        require(settings.userClick(IDOK));
+    };
+    click(kSettings);
+    m_program.frontEnd().onModal = nullptr;
+    if (!opened)
+        throw Failure{"the settings could not be opened"};
+}
+
+void DssSession::click(int id)
+{
+    require(dialog().userClick(id));
+    m_program.session().runPending();
+}
+
+void DssSession::draw()
+{
+    click(kDraw);
+}
+
+void DssSession::undo()
+{
+    click(kUndo);
+}
+
+void DssSession::close()
+{
+    click(IDOK);
+}
+
+} // namespace console

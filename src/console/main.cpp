@@ -1,0 +1,6 @@
+#include "console/command_line.h"
+
+int main(int argc, char** argv)
+{
+    return console::runCommandLine(argc, argv);
+}

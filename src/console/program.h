@@ -1,0 +1,55 @@
+#pragma once
+
+#include "console/script_front_end.h"
+#include "files/dxf/reader.h"
+#include "files/dxf/writer.h"
+#include "host/app/session.h"
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace console
+{
+
+/// Something the user asked for that cannot be done: one line for standard error, exit status 1.
+class Failure : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What every subcommand takes.
+struct CommonOptions
+{
+    std::string drawing;
+    std::string settingsFolder;
+    std::vector<std::string> symbolFolders;
+    bool json = false;
+};
+
+/// A host without a display, with the module loaded into it.
+class Program
+{
+public:
+    explicit Program(const CommonOptions& options);
+
+    host::Session& session() { return m_session; }
+    ScriptFrontEnd& frontEnd() { return m_frontEnd; }
+
+    /// Opens a drawing and makes it current.
+    AcApDocument* open(const std::string& path);
+    /// Runs a command by name; Failure when there is none.
+    void command(std::u16string_view name);
+
+private:
+    files::DxfReader m_reader;
+    files::DxfWriter m_writer;
+    ScriptFrontEnd m_frontEnd;
+    host::Session m_session;
+};
+
+/// The folder that the running program stands in; the module stands beside it.
+std::string programFolder();
+
+} // namespace console

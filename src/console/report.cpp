@@ -1,0 +1,79 @@
+#include "console/report.h"
+
+namespace console
+{
+
+namespace
+{
+
+std::string joined(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+std::string sectionText(const SectionReport& section, bool drawn)
+{
+    std::string text = "  " + section.name + ": ";
+    if (section.erased > 0 || !drawn)
+        text += std::to_string(section.erased) + " erased" + (drawn ? ", " : "");
+    if (drawn)
+        text += std::to_string(section.blocks) + " symbols, " + std::to_string(section.labels) + " labels";
+    if (!section.withoutGround.empty())
+        text += "; no ground under " + joined(section.withoutGround);
+    return text + "\n";
+}
+
+} // namespace
+
+Json Report::json() const
+{
+    Json json{{"drawing", drawing}, {"output", output}};
+    if (alignment)
+    {
+        json["alignment"] = *alignment;
+        json["sections"] = Json::array();
+        for (const SectionReport& section : sections)
+            json["sections"].push_back({{"name", section.name},
+                                        {"erased", section.erased},
+                                        {"blocks", section.blocks},
+                                        {"labels", section.labels},
+                                        {"entities", section.entities},
+                                        {"withoutGround", section.withoutGround}});
+    }
+    if (placed)
+        json["placed"] = *placed;
+    json["erased"] = erased;
+    json["withoutSymbol"] = Json::array();
+    for (const auto& [name, count] : withoutSymbol)
+        json["withoutSymbol"].push_back({{"name", name}, {"count", count}});
+    json["unreadable"] = Json::array();
+    for (const auto& [path, reason] : unreadable)
+        json["unreadable"].push_back({{"path", path}, {"reason", reason}});
+    json["notes"] = notes;
+    return json;
+}
+
+std::string Report::text() const
+{
+    std::string text = drawing + " -> " + output + (alignment ? ", alignment " + *alignment : std::string{}) + "\n";
+    for (const SectionReport& section : sections)
+        text += sectionText(section, placed.has_value());
+    text += "In all: " + (placed ? std::to_string(*placed) + " placed, " : std::string{}) + std::to_string(erased) +
+            " erased\n";
+    if (!withoutSymbol.empty())
+        text += "Without a symbol file:\n";
+    for (const auto& [name, count] : withoutSymbol)
+        text += "  " + name + " (" + std::to_string(count) + ")\n";
+    if (!unreadable.empty())
+        text += "Symbol files that could not be read:\n";
+    for (const auto& [path, reason] : unreadable)
+        text += "  " + path + ": " + reason + "\n";
+    for (const std::string& note : notes)
+        text += "Note: " + note + "\n";
+    return text;
+}
+
+} // namespace console

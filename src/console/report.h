@@ -1,0 +1,41 @@
+#pragma once
+
+#include "console/json_text.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console
+{
+
+/// What one section got.
+struct SectionReport
+{
+    std::string name;
+    size_t erased = 0;
+    size_t blocks = 0;
+    size_t labels = 0;
+    size_t entities = 0;
+    std::vector<std::string> withoutGround; ///< features and codes under which no ground was found
+};
+
+/// What `draw`, `erase` and `plan` did, for a person or as JSON.
+struct Report
+{
+    std::string drawing;
+    std::string output;
+    std::optional<std::string> alignment; ///< `plan` has none, and no sections
+    std::vector<SectionReport> sections;
+    std::optional<size_t> placed; ///< `erase` has none
+    size_t erased = 0;
+    std::map<std::string, size_t> withoutSymbol;
+    std::vector<std::pair<std::string, std::string>> unreadable; ///< path and reason
+    std::vector<std::string> notes;
+
+    Json json() const;
+    std::string text() const;
+};
+
+} // namespace console

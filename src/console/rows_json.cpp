@@ -1,0 +1,112 @@
+#include "console/rows_json.h"
+
+#include "sections/database_cs.h"
+
+#include <cstdio>
+
+namespace console
+{
+
+namespace
+{
+
+Json symbolRow(const BlockData& row)
+{
+    return {{"name", toUtf8(row.m_strName)}, {"file", toUtf8(row.m_strFile)}, {"offset1", row.m_dOffset1},
+            {"offset2", row.m_dOffset2},     {"scaleX", row.m_dScaleX},       {"scaleY", row.m_dScaleY},
+            {"rotation", row.m_dRotation}};
+}
+
+Json nearbyRow(const BlockData& row)
+{
+    Json json = symbolRow(row);
+    json["object"] = handleText(row.m_idBlock);
+    return json;
+}
+
+Json codeRow(const BlockFcode& row)
+{
+    return {{"code", toUtf8(row.m_strFcode)}, {"file", toUtf8(row.m_strFile)}, {"offset", row.m_dOffset},
+            {"scaleX", row.m_dScaleX},        {"scaleY", row.m_dScaleY},       {"rotation", row.m_dRotation}};
+}
+
+Json planRow(const BlockFcode& row)
+{
+    Json json = codeRow(row);
+    json["position"] = jsonPoint(row.m_ptPosition);
+    return json;
+}
+
+template <class List, class Convert>
+Json listJson(const List& list, Convert convert)
+{
+    Json json = Json::array();
+    for (const auto& element : list)
+        json.push_back(convert(element));
+    return json;
+}
+
+Json sectionJson(const CrossSectionXdata& section)
+{
+    return {{"name", toUtf8(section.m_strName)},
+            {"center", jsonPoint(section.m_ptCenter)},
+            {"direction", jsonVector(section.m_vecDir)},
+            {"extent1", section.m_dExtent1},
+            {"extent2", section.m_dExtent2},
+            {"origin", jsonPoint(section.m_ptOrigin)},
+            {"groundLine", handleText(section.m_idGroundLine)},
+            {"scale", section.m_dScale},
+            {"nearby", listJson(section.m_listBlockData1, nearbyRow)},
+            {"crossing", listJson(section.m_listBlockData2, symbolRow)},
+            {"codes", listJson(section.m_listBlockFcode1, codeRow)},
+            {"plan", listJson(section.m_listBlockFcode2, planRow)}};
+}
+
+Json alignmentJson(const ItemReferenceLine& line)
+{
+    return {{"name", toUtf8(line.m_strName)},
+            {"handle", handleText(line.m_idAlignment)},
+            {"sections", listJson(line.m_listCrossSections, sectionJson)}};
+}
+
+std::string shown(double value)
+{
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, "%.3f", value);
+    return buffer;
+}
+
+std::string symbolText(const char* kind, const BlockData& row)
+{
+    std::string text = "    " + std::string{kind} + "  " + toUtf8(row.m_strName) + "  at " + shown(row.m_dOffset1);
+    return row.m_dOffset2 != 0.0 ? text + " and " + shown(row.m_dOffset2) : text;
+}
+
+} // namespace
+
+Json rowsJson(const DatabaseCS& database, const std::string& drawing)
+{
+    return {{"drawing", drawing}, {"alignments", listJson(database.m_listReferenceLines, alignmentJson)}};
+}
+
+std::string rowsText(const DatabaseCS& database)
+{
+    std::string text;
+    for (const ItemReferenceLine& line : database.m_listReferenceLines)
+    {
+        text += toUtf8(line.m_strName) + ": " + std::to_string(line.m_listCrossSections.size()) + " cross-sections\n";
+        for (const CrossSectionXdata& section : line.m_listCrossSections)
+        {
+            text += "  " + toUtf8(section.m_strName) + "\n";
+            for (const BlockData& row : section.m_listBlockData1)
+                text += symbolText("nearby  ", row) + "\n";
+            for (const BlockData& row : section.m_listBlockData2)
+                text += symbolText("crossing", row) + "\n";
+            for (const BlockFcode& row : section.m_listBlockFcode1)
+                text += "    point     " + toUtf8(row.m_strFcode) + "  at " + shown(row.m_dOffset) + "\n";
+        }
+    }
+    return text.empty() ? "The drawing has no alignment.\n" : text;
+}
+
+} // namespace console

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "console/json_text.h"
+
+#include <string>
+
+struct DatabaseCS;
+
+namespace console
+{
+
+/// What the last scan found, as `scan --json` prints it. `drawing` is the path as the user gave it.
+Json rowsJson(const DatabaseCS& database, const std::string& drawing);
+
+/// The same for a reader at a terminal: a line for each section and each row.
+std::string rowsText(const DatabaseCS& database);
+
+} // namespace console

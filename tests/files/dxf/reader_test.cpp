@@ -1,0 +1,195 @@
+#include "files/dxf/dxf_text.h"
+#include "files/error.h"
+#include "files/file_bytes.h"
+#include "host/drawing/block_index.h"
+#include "host/drawing/handle_table.h"
+#include "host/drawing/header_variables.h"
+#include "host/drawing/table_index.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+
+using testing::HasSubstr;
+
+namespace
+{
+
+std::string errorOf(std::string_view bytes, DrawingReader::Purpose purpose = DrawingReader::Purpose::Drawing)
+{
+    try
+    {
+        files::readDxf(fileText(bytes), "test.dxf", purpose);
+        return "read";
+    }
+    catch (const files::FileError& error)
+    {
+        return error.what();
+    }
+}
+
+std::string replaced(std::string text, std::string_view what, std::string_view with)
+{
+    const size_t at = text.find(what);
+    EXPECT_NE(at, std::string::npos) << what;
+    return text.replace(at, what.size(), with);
+}
+
+std::string withCarriageReturns(const std::string& text)
+{
+    std::string result;
+    for (const char c : text)
+        result += c == '\n' ? std::string{"\r\n"} : std::string{c};
+    return result;
+}
+
+/// The drawing as binary DXF: every value in the form its group code asks for.
+std::string asBinary(const std::string& text)
+{
+    std::string bytes{"AutoCAD Binary DXF\r\n\x1a\0", 22};
+    const auto append = [&bytes](auto value) { bytes.append(reinterpret_cast<const char*>(&value), sizeof value); };
+    TagReader reader{text};
+    for (Tag tag; reader.next(tag);)
+    {
+        append(static_cast<int16_t>(tag.code));
+        if (tag.code >= 10 && tag.code <= 59)
+            append(tag.real());
+        else if (tag.code >= 60 && tag.code <= 79)
+            append(static_cast<int16_t>(tag.integer()));
+        else if (tag.code >= 90 && tag.code <= 99)
+            append(static_cast<int32_t>(tag.integer()));
+        else if (tag.code >= 280 && tag.code <= 289)
+            append(static_cast<int16_t>(tag.integer()));
+        else
+            bytes.append(tag.value).push_back('\0');
+    }
+    return bytes;
+}
+
+} // namespace
+
+TEST(DxfReader, FindsEveryObjectWhereItStands)
+{
+    const auto database = parsed(smallDrawing());
+    ObjectRecord* line = database->handles().find(0x30);
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(database->dxfNameOf(*line), "LINE");
+    EXPECT_EQ(database->blocks().ownerOf(*line), database->blocks().record(u"*model_space"));
+    EXPECT_EQ(database->blocks().entities(*database->blocks().record(u"*Model_Space")).size(), 3U);
+    EXPECT_EQ(database->handles().find(0x99), nullptr);
+    EXPECT_EQ(database->nextHandle(), 0x40U);
+    EXPECT_NE(database->tables().find("LAYER", u"0"), nullptr);
+    EXPECT_EQ(database->header().word("$CLAYER"), "0");
+}
+
+TEST(DxfReader, AnUntouchedDrawingIsWrittenByteForByte)
+{
+    for (const std::string& text : {smallDrawing(), withCarriageReturns(smallDrawing()), asBinary(smallDrawing()),
+                                    smallDrawing() + "  ", replaced(smallDrawing(), "  0\nEOF\n", "  0\nEOF")})
+        EXPECT_EQ(written(*parsed(text)), text);
+}
+
+TEST(DxfReader, BinaryAndTextAreTheSameDrawing)
+{
+    const auto text = parsed(smallDrawing());
+    const auto binary = parsed(asBinary(smallDrawing()));
+    ASSERT_EQ(text->store().records.size(), binary->store().records.size());
+    for (size_t i = 0; i < text->store().records.size(); ++i)
+        EXPECT_EQ(text->store().records[i].handle, binary->store().records[i].handle);
+}
+
+TEST(DxfReader, ErasedChangedAndAddedObjectsAreTheOnlyDifference)
+{
+    for (const bool carriageReturns : {false, true})
+    {
+        const std::string text = carriageReturns ? withCarriageReturns(smallDrawing()) : smallDrawing();
+        const std::string end = carriageReturns ? "\r\n" : "\n";
+        const auto database = parsed(text);
+        database->setErased(*database->handles().find(0x30), true);
+        database->addBlock(u"C\u00E2y", {1.0, 2.0, 0.0});
+        const std::string result = written(*database);
+        EXPECT_EQ(result.find("LINE" + end + "  5" + end + "30"), std::string::npos);
+        EXPECT_THAT(result, HasSubstr("$HANDSEED" + end + "  5" + end + "43" + end));
+        EXPECT_THAT(result, HasSubstr("  2" + end + "C\xE2y" + end)) << "the name is in the drawing's code page";
+        EXPECT_THAT(result, HasSubstr("BLOCK_RECORD" + end + "  5" + end + "1" + end + "330" + end + "0" + end + "100" +
+                                      end + "AcDbSymbolTable" + end + " 70" + end + "3" + end));
+        EXPECT_EQ(result.find('\r') != std::string::npos, carriageReturns);
+        const auto again = parsed(result);
+        EXPECT_EQ(again->store().records.size(), database->store().records.size() - 1);
+        EXPECT_NE(again->blocks().contents(u"c\u00C2Y"), nullptr);
+        EXPECT_NE(again->handles().find(0x32), nullptr);
+    }
+}
+
+TEST(DxfReader, SaysWhatIsWrongAndWhere)
+{
+    const std::string good = smallDrawing();
+    EXPECT_THAT(errorOf(""), HasSubstr("empty or not a DXF"));
+    EXPECT_THAT(errorOf("GIF89a"), HasSubstr("line 1: expected a group code"));
+    EXPECT_THAT(errorOf("  5\nabc\n"), HasSubstr("is not a DXF drawing"));
+    EXPECT_THAT(errorOf(good.substr(0, good.size() - 8)), HasSubstr("cut short"));
+    EXPECT_THAT(errorOf(good.substr(0, good.find("AcDbMystery"))), HasSubstr("cut short"));
+    EXPECT_THAT(errorOf(replaced(good, " 11\n3.0", "x11\n3.0")), HasSubstr("test.dxf: line 1"));
+    EXPECT_THAT(errorOf(replaced(good, " 90\n2\n", " 90\n3\n")), HasSubstr("3 vertices announced, 2 found"));
+    EXPECT_THAT(errorOf(smallDrawing("AC1014")), HasSubstr("version R14, older than R2000"));
+    EXPECT_EQ(errorOf(smallDrawing("AC1014"), DrawingReader::Purpose::Symbol), "read");
+    EXPECT_THAT(errorOf(smallDrawing("AC1050")), HasSubstr("newer than R2018"));
+    EXPECT_THAT(errorOf(replaced(good, "  0\nENDTAB", "  0\nENDSEC")), HasSubstr("table LAYER has no end"));
+    EXPECT_THAT(errorOf(asBinary(good).substr(0, 500)), HasSubstr("byte "));
+}
+
+TEST(DxfReader, NoBytesMakeItCrash)
+{
+    std::mt19937 random{7};
+    for (const std::string& good : {smallDrawing(), asBinary(smallDrawing())})
+        for (int round = 0; round < 3000; ++round)
+        {
+            std::string bytes = good;
+            for (unsigned change = 0; change <= round % 4U; ++change)
+                bytes[random() % bytes.size()] = static_cast<char>(random() % 3 == 0 ? '\n' : random());
+            if (round % 5 == 0)
+                bytes.resize(random() % bytes.size());
+            try
+            {
+                const auto database = parsed(bytes);
+                EXPECT_EQ(written(*database), bytes);
+            }
+            catch (const files::FileError&)
+            {
+            }
+        }
+}
+
+TEST(TextEncoding, VietnameseSurvivesEveryCodePage)
+{
+    const std::u16string text = u"Cột điện Ả ằ \u20AC ½";
+    for (const auto& [version, page] :
+         {std::pair{1021, "ANSI_1258"}, {1018, "ANSI_1258"}, {1015, "ANSI_1252"}, {1015, "ANSI_932"}, {1015, ""},
+          {1015, "dos850"}, {1018, "no such page"}})
+    {
+        const auto encoding = makeTextEncoding(version, page);
+        const std::string bytes = encoding->encode(text);
+        EXPECT_EQ(encoding->decode(bytes), text) << page << " as " << bytes;
+    }
+    EXPECT_EQ(makeTextEncoding(1015, "ANSI_1252")->encode(u"\u1EA3\n\u00E0"), "\\U+1EA3 \xE0");
+    EXPECT_EQ(makeTextEncoding(1015, "ANSI_1252")->decode("\\U+1EA3\\M+182A0\\P\\U+12"), u"\u1EA3\uFF21\\P\\U+12");
+    EXPECT_EQ(makeTextEncoding(1021, "")->decode("a\xFFz\\U+00E2"), u"a\uFFFDz\u00E2");
+}
+
+TEST(ReplaceFile, KeepsTheEarlierFileAndNeverLeavesHalfOfOne)
+{
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "veloxa-replace-test";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const std::string path = folder / "a.dxf";
+    files::replaceFile(path, {"one", "", " two"}, true);
+    EXPECT_EQ(files::readFile(path).view(), "one two");
+    files::replaceFile(path, {"three"}, true);
+    EXPECT_EQ(files::readFile(path).view(), "three");
+    EXPECT_EQ(files::readFile(path + ".bak").view(), "one two");
+    EXPECT_THROW(files::replaceFile((folder / "missing" / "b.dxf").string(), {"x"}, true), files::FileError);
+    EXPECT_THROW(files::replaceFile("/dev/null", {"x"}, true), files::FileError);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator{folder}, {}), 2);
+    std::filesystem::remove_all(folder);
+}
