@@ -2,6 +2,7 @@
 
 #include "console/drawing_json.h"
 #include "console/dss_session.h"
+#include "console/plan.h"
 #include "console/progress.h"
 #include "console/rows_json.h"
 #include "console/script_runner.h"
@@ -189,8 +190,8 @@ private:
 
     void addInfo()
     {
-        CLI::App& command =
-            add("info", "version, sizes, counts of entities by type and layer, blocks", [this] { info(m_options.common); });
+        CLI::App& command = add("info", "version, sizes, counts of entities by type and layer, blocks",
+                                [this] { info(m_options.common); });
         addCommon(command, m_options.common);
     }
 

@@ -1,13 +1,15 @@
 #include "console/dss_session.h"
+#include "console/report_parts.h"
+#include "console/section_list.h"
+#include "host/app/paths.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "sectiondraw/ground_point.h"
 #include "sections/database_cs.h"
 #include "util/folders.h"
-#include "host/app/paths.h"
-#include "console/section_list.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 
@@ -112,21 +114,16 @@ void addNotes(Report& report, AcDbDatabase& database)
         report.notes.push_back("the settings could not be kept: " + settingsFile() + " cannot be written");
 }
 
-void addUnreadable(Report& report, host::Session& session)
-{
-    std::set<std::string> seen;
-    for (const host::UnreadableFile& file : session.unreadableFiles())
-        if (seen.insert(toUtf8(file.path)).second)
-            report.unreadable.emplace_back(toUtf8(file.path), file.reason);
-}
-
 } // namespace
 
 Report drawDrawing(const DrawOptions& options)
 {
     if (!options.library.empty() && !std::filesystem::is_regular_file(options.library))
         throw Failure{options.library + ": no such library file"};
-    Program program{options.common};
+    CommonOptions common = options.common;
+    if (!options.library.empty())
+        addFoldersOf(options.library, common.symbolFolders);
+    Program program{common};
     AcDbDatabase& database = *program.open(options.common.drawing)->database();
     const bool confirm = !options.library.empty() || !std::filesystem::exists(settingsFile());
     DssSession dss{program, options.alignment};
@@ -156,8 +153,7 @@ Report drawDrawing(const DrawOptions& options)
     dss.close();
     addUnreadable(report, program.session());
     addNotes(report, database);
-    if (options.strict && !report.unreadable.empty())
-        throw Failure{report.unreadable.front().second};
+    failWhenStrict(report, options.strict);
     program.session().saveCurrent(toUtf16(options.output));
     return report;
 }

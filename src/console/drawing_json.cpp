@@ -25,12 +25,8 @@ std::string_view layerOf(const ObjectRecord& record)
 
 std::string nameOfVersion(int version)
 {
-    static constexpr std::array<std::pair<int, const char*>, 6> kNames{{{1015, "R2000"},
-                                                                        {1018, "R2004"},
-                                                                        {1021, "R2007"},
-                                                                        {1024, "R2010"},
-                                                                        {1027, "R2013"},
-                                                                        {1032, "R2018"}}};
+    static constexpr std::array<std::pair<int, const char*>, 6> kNames{
+        {{1015, "R2000"}, {1018, "R2004"}, {1021, "R2007"}, {1024, "R2010"}, {1027, "R2013"}, {1032, "R2018"}}};
     for (const auto& [number, name] : kNames)
         if (number == version)
             return name;

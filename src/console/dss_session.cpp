@@ -43,8 +43,9 @@ DssSession::DssSession(Program& program, const std::string& alignment) : m_progr
     if (lines.empty())
         throw Failure{"the drawing has no alignment"};
     m_alignment = alignment.empty() ? lines[0].m_strName : toUtf16(alignment);
-    const bool known = std::any_of(lines.begin(), lines.end(), [this](const ItemReferenceLine& line)
-                                   { return equalNoCase(line.m_strName, m_alignment); });
+    const bool known =
+        std::any_of(lines.begin(), lines.end(),
+                    [this](const ItemReferenceLine& line) { return equalNoCase(line.m_strName, m_alignment); });
     if (!known)
         throw Failure{"the drawing has no alignment \"" + alignment + "\"; it has: " + alignmentNames()};
     require(dialog().userChoose(kAlignments, line().m_strName));

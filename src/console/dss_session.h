@@ -17,9 +17,9 @@ struct DrawOptions
 {
     CommonOptions common;
     std::string output;
-    std::string alignment;        ///< empty: the first
+    std::string alignment; ///< empty: the first
     std::string sections = "all";
-    std::string library;          ///< empty: none
+    std::string library; ///< empty: none
     bool nearby = false;
     bool strict = false;
 };

@@ -1,6 +1,6 @@
 #include "console/program.h"
 
-#include "frame/entry/entry_point.h"
+#include "frame/entry/module.h"
 #include "host/text.h"
 
 #include <filesystem>
@@ -28,8 +28,7 @@ std::string programFolder()
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
-Program::Program(const CommonOptions& options)
-    : m_session{m_reader, m_writer, m_frontEnd, sessionOptions(options)}
+Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m_frontEnd, sessionOptions(options)}
 {
     m_frontEnd.onMessage = [](const std::u16string& text) { std::cerr << toUtf8(text) << '\n'; };
     m_session.loadModule(&acrxEntryPoint, programFolder() + "/Veloxa.arx");

@@ -34,8 +34,7 @@ std::vector<size_t> parseSectionList(const std::string& list, size_t count)
         const std::string part = list.substr(begin, end - begin);
         const size_t dash = part.find('-');
         const size_t first = parsePosition(part.substr(0, dash), list, count);
-        const size_t last =
-            dash == std::string::npos ? first : parsePosition(part.substr(dash + 1), list, count);
+        const size_t last = dash == std::string::npos ? first : parsePosition(part.substr(dash + 1), list, count);
         if (last < first)
             throw Failure{"\"" + part + "\" is no range of sections"};
         for (size_t position = first; position <= last; ++position)

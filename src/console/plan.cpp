@@ -1,0 +1,138 @@
+#include "console/plan.h"
+
+#include "console/report_parts.h"
+#include "host/companion/measure_point.h"
+#include "host/drawing/block_index.h"
+#include "host/drawing/block_reference.h"
+#include "host/drawing/database.h"
+#include "host/drawing/table_index.h"
+#include "host/ui/dialog.h"
+#include "host/ui/grid_ctrl.h"
+
+#include <filesystem>
+#include <map>
+#include <set>
+
+namespace console
+{
+
+namespace
+{
+
+constexpr int kOpenTable = 1095;
+constexpr int kTable = 101;
+constexpr const char16_t* kPlanLayer = u"DiaVatBinhDo";
+
+using CountByCode = std::map<std::u16string, size_t, LessNoCase>;
+
+/// What stands on the plan's layer: references by the name of their block.
+CountByCode planSymbols(AcDbDatabase& database)
+{
+    CountByCode counts;
+    const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
+    if (modelSpace == nullptr)
+        return counts;
+    for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
+    {
+        const AcDbObjectPointer<AcDbBlockReference> reference{id};
+        if (reference && equalNoCase(reference->layer(), kPlanLayer))
+            ++counts[nameOfRecord(*reference->blockTableRecord().record())];
+    }
+    return counts;
+}
+
+CountByCode pointCodes(AcDbDatabase& database)
+{
+    CountByCode counts;
+    const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
+    if (modelSpace == nullptr)
+        return counts;
+    for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
+    {
+        const AcDbObjectPointer<PlxDbMeasurePointObj> point{id};
+        if (point && !point->Get(1).empty())
+            ++counts[point->Get(1)];
+    }
+    return counts;
+}
+
+size_t total(const CountByCode& counts)
+{
+    size_t sum = 0;
+    for (const auto& [name, count] : counts)
+        sum += count;
+    return sum;
+}
+
+/// Code and symbol file of each row that the confirmed table shows.
+std::map<std::u16string, std::u16string, LessNoCase> tableFiles(CDialog& dialog)
+{
+    std::map<std::u16string, std::u16string, LessNoCase> files;
+    const auto* grid = dynamic_cast<const CGridCtrl*>(dialog.GetDlgItem(kTable));
+    for (int row = 1; grid != nullptr && row < grid->GetRowCount(); ++row)
+        if (const std::u16string code = grid->GetItemText(row, 0); !code.empty())
+            files.emplace(code, grid->GetItemText(row, 1));
+    return files;
+}
+
+/// The name of the block that a symbol file becomes.
+std::u16string blockName(const std::u16string& file)
+{
+    const std::u16string name = file.substr(file.find_last_of(u'\\') + 1);
+    return name.size() > 4 ? name.substr(0, name.size() - 4) : std::u16string{};
+}
+
+void require(const UserAction& action)
+{
+    if (!action)
+        throw Failure{action.reason()};
+}
+
+} // namespace
+
+Report planDrawing(const std::string& table, const DrawOptions& options)
+{
+    if (!std::filesystem::is_regular_file(table))
+        throw Failure{table + ": no such table file"};
+    CommonOptions common = options.common;
+    addFoldersOf(table, common.symbolFolders);
+    Program program{common};
+    AcDbDatabase& database = *program.open(common.drawing)->database();
+    const CountByCode before = planSymbols(database);
+    std::map<std::u16string, std::u16string, LessNoCase> files;
+    program.frontEnd().onModal = [&](CDialog& dialog)
+    {
+        program.frontEnd().queue({toUtf16(table), std::nullopt});
+        require(dialog.userClick(kOpenTable));
+        files = tableFiles(dialog);
+        require(dialog.userClick(IDOK));
+    };
+    program.command(u"DVBD");
+
+    Report report;
+    report.drawing = common.drawing;
+    report.output = options.output;
+    report.placed = total(planSymbols(database));
+    report.erased = total(before);
+    std::set<std::u16string, LessNoCase> known;
+    for (const auto& [code, file] : files)
+        known.insert(blockName(file));
+    size_t foreign = 0;
+    for (const auto& [block, count] : before)
+        foreign += known.contains(block) ? 0 : count;
+    if (foreign > 0)
+        report.notes.push_back(std::to_string(foreign) + " block references on the layer " + toUtf8(kPlanLayer) +
+                               " that no row of the table places were erased");
+    for (const auto& [code, count] : pointCodes(database))
+        if (const auto row = files.find(code); row == files.end() || row->second.empty())
+            report.withoutSymbol[toUtf8(code)] += count;
+    addUnreadable(report, program.session());
+    if (!report.unreadable.empty())
+        report.notes.push_back(
+            "a symbol file that cannot be read ends the placing: the points behind it have no symbol");
+    failWhenStrict(report, options.strict);
+    program.session().saveCurrent(toUtf16(options.output));
+    return report;
+}
+
+} // namespace console
