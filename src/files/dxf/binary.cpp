@@ -55,8 +55,10 @@ class BinaryReader
 public:
     BinaryReader(std::string_view bytes, const std::string& path) : m_bytes{bytes}, m_path{path}, m_at{kMarkSize}
     {
-        // Files older than R13 have group codes of one byte: the first group is then 0 followed by its text.
-        m_shortCodes = m_bytes.size() > m_at + 1 && m_bytes[m_at + 1] != 0;
+        // Files older than R13 have group codes of one byte: the first group is then 0 followed at once by its text,
+        // or a comment, whose code is written with the mark for longer ones.
+        m_shortCodes =
+            m_bytes.size() > m_at + 1 && ((m_bytes[m_at] == 0 && m_bytes[m_at + 1] != 0) || m_bytes[m_at] == '\xFF');
     }
 
     std::string run()

@@ -55,6 +55,7 @@ bool DxfIndexer::advance()
         m_atZero = m_scanner.code() == 0;
         return true;
     case Result::End:
+        m_atZero = false;
         return false;
     case Result::BadCode:
         throw FileError{m_path, m_scanner.nextLine(), "expected a group code (a whole number)"};

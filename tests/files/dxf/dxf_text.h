@@ -24,7 +24,8 @@ std::string smallDrawing(std::string_view version = "AC1018");
 inline std::string written(AcDbDatabase& database)
 {
     std::string bytes;
-    for (const std::string_view piece : files::DrawingPieces{database}.pieces())
+    const files::DrawingPieces drawing{database};
+    for (const std::string_view piece : drawing.pieces())
         bytes += piece;
     return bytes;
 }
