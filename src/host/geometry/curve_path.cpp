@@ -93,13 +93,6 @@ bool CurvePath::hasArcs() const
     return std::any_of(m_vertices.begin(), m_vertices.end(), [](const PathVertex& v) { return v.bulge != 0.0; });
 }
 
-std::size_t CurvePath::segmentCount() const
-{
-    if (m_vertices.size() < 2)
-        return 0;
-    return m_closed ? m_vertices.size() : m_vertices.size() - 1;
-}
-
 AcGeMatrix3d CurvePath::toWorld() const
 {
     return isLevel() || !m_plane ? AcGeMatrix3d::kIdentity : AcGeMatrix3d::planeToWorld(m_normal);

@@ -43,7 +43,11 @@ public:
     const AcGeVector3d& normal() const { return m_normal; }
     const std::vector<PathVertex>& vertices() const { return m_vertices; }
     /// Segments between neighbouring vertices, the closing one of a closed path included.
-    std::size_t segmentCount() const;
+    std::size_t segmentCount() const
+    {
+        const std::size_t count = m_vertices.size();
+        return count < 2 ? 0 : m_closed ? count : count - 1;
+    }
     const PathVertex& segmentStart(std::size_t segment) const { return m_vertices[segment]; }
     const PathVertex& segmentEnd(std::size_t segment) const
     {

@@ -5,6 +5,8 @@
 namespace
 {
 
+constexpr std::size_t kMostOrdered = std::numeric_limits<std::uint32_t>::max();
+
 bool isStraightAndUsable(const CurvePath& path)
 {
     const std::vector<PathVertex>& vertices = path.vertices();
@@ -28,36 +30,57 @@ bool neverTurnsBack(const CurvePath& path, double sign)
 
 void IndexedPath::prepare() const
 {
-    const bool ordered = m_path.segmentCount() > 0 && !m_path.isClosed() && isStraightAndUsable(m_path);
+    const bool ordered = m_path.segmentCount() > 0 && m_path.segmentCount() < kMostOrdered && !m_path.isClosed() &&
+                         isStraightAndUsable(m_path);
     if (ordered && neverTurnsBack(m_path, 1.0))
         m_order = Order::RisingX;
     else if (ordered && neverTurnsBack(m_path, -1.0))
         m_order = Order::FallingX;
     else
         m_order = Order::Boxes;
-    if (m_order != Order::Boxes)
-        return;
+    if (m_order == Order::Boxes)
+        fillBoxes();
+    else
+        fillTable();
+}
+
+void IndexedPath::fillBoxes() const
+{
     m_boxes.resize((m_path.segmentCount() + kChunk - 1) / kChunk);
     for (std::size_t i = 0; i < m_path.segmentCount(); ++i)
         m_boxes[i / kChunk].add(Segment2d::box(m_path.segmentStart(i), m_path.segmentEnd(i)));
 }
 
-/// The first segment of an ordered path whose far end reaches `x` (of a falling one: comes down to it). Halves without
-/// branches that a processor would have to guess.
+void IndexedPath::fillTable() const
+{
+    const std::size_t count = m_path.segmentCount();
+    m_sign = m_order == Order::RisingX ? 1.0 : -1.0;
+    const double width = m_sign * (m_path.vertices().back().x - m_path.vertices().front().x);
+    const double cells = static_cast<double>(count) / width;
+    m_table.assign(count + 1, static_cast<std::uint32_t>(count));
+    m_cellsPerUnit = std::isfinite(cells) ? cells : 0.0;
+    std::size_t filled = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        for (const std::size_t cell = cellOf(m_sign * m_path.segmentEnd(i).x); filled <= cell; ++filled)
+            m_table[filled] = static_cast<std::uint32_t>(i);
+}
+
+/// The cell of an x counted along the path. Never falls when x rises, which is all that the table relies on.
+std::size_t IndexedPath::cellOf(double signedX) const
+{
+    const double cell = (signedX - m_sign * m_path.vertices().front().x) * m_cellsPerUnit;
+    return static_cast<std::size_t>(std::clamp(cell, 0.0, static_cast<double>(m_table.size() - 2)));
+}
+
+/// The first segment of an ordered path whose far end reaches `x` (of a falling one: comes down to it).
 std::size_t IndexedPath::firstReaching(double x) const
 {
-    const double sign = m_order == Order::RisingX ? 1.0 : -1.0;
-    const double sought = sign * x;
-    const PathVertex* base = m_path.vertices().data() + 1;
-    std::size_t count = m_path.vertices().size() - 1;
-    while (count > 1)
-    {
-        const std::size_t half = count / 2;
-        base += sign * base[half - 1].x < sought ? half : 0;
-        count -= half;
-    }
-    const std::size_t index = static_cast<std::size_t>(base - m_path.vertices().data()) - 1;
-    return sign * base->x < sought ? index + 1 : index;
+    const double sought = m_sign * x;
+    const std::size_t cell = cellOf(sought);
+    const auto first = m_path.vertices().begin() + 1;
+    const auto fallsShort = [&](const PathVertex& vertex) { return m_sign * vertex.x < sought; };
+    return static_cast<std::size_t>(std::partition_point(first + m_table[cell], first + m_table[cell + 1], fallsShort) -
+                                    first);
 }
 
 template <typename Other>
@@ -65,10 +88,10 @@ void IndexedPath::searchOrdered(const Other& other, const Box2d& reach, Crossing
 {
     const bool rising = m_order == Order::RisingX;
     const std::size_t count = m_path.segmentCount();
+    const double last = rising ? reach.maxX : -reach.minX;
     for (std::size_t i = firstReaching(rising ? reach.minX : reach.maxX); i < count; ++i)
     {
-        const double near = m_path.segmentStart(i).x;
-        if (rising ? near > reach.maxX : near < reach.minX)
+        if (m_sign * m_path.segmentStart(i).x > last)
             return;
         addCrossingsOfSegment(m_path, i, other, list);
     }
@@ -122,6 +145,6 @@ void IndexedPath::intersectLine(const AcGePoint2d& from, const AcGePoint2d& to, 
 {
     if (!m_path.isLevel() || !std::isfinite(m_path.elevation()))
         return points.clear();
-    const BoxedSegment only{{from.x, from.y}, {to.x, to.y}};
+    const BoxedSegment only{from, to};
     search(only, only.box, points);
 }

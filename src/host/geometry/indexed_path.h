@@ -2,12 +2,14 @@
 
 #include "host/geometry/intersect.h"
 
+#include <cstdint>
+
 class CrossingList;
 
 /// A path that is asked many times where others meet it. Owns the path and beside it an index made at the first
-/// question: a level path of straight segments that never turns back in x is searched by halving, any other level path
-/// by boxes around 16 segments each; what is not level is asked plainly. Answers exactly what `intersect` answers.
-/// Not for use by several threads at once, since the first question writes.
+/// question: a level path of straight segments that never turns back in x is looked up in a table over x, any other
+/// level path is searched by boxes around 16 segments each; what is not level is asked plainly. Answers exactly what
+/// `intersect` answers. Not for use by several threads at once, since the first question writes.
 class IndexedPath
 {
 public:
@@ -39,9 +41,16 @@ private:
     template <typename Other>
     void searchBoxes(const Other& other, const Box2d& reach, CrossingList& list) const;
     void prepare() const;
+    void fillTable() const;
+    void fillBoxes() const;
+    std::size_t cellOf(double signedX) const;
     std::size_t firstReaching(double x) const;
 
     CurvePath m_path;
     mutable Order m_order = Order::Unknown;
     mutable std::vector<Box2d> m_boxes;
+    /// For each cell of x, in the path's direction, the first segment whose far end is in it or beyond; and the end.
+    mutable std::vector<std::uint32_t> m_table;
+    mutable double m_sign = 1.0;
+    mutable double m_cellsPerUnit = 0.0;
 };

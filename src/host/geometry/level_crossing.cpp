@@ -8,6 +8,15 @@ Box2d boxOfSegments(const CurvePath& path)
     return box;
 }
 
+bool addArcCrossings(const BoxedSegment& own, const BoxedSegment& other, double elevation, CrossingList& list)
+{
+    PlaceList places;
+    findCrossings(own, other, places);
+    for (const AcGePoint2d& p : places)
+        list.add({p.x, p.y, elevation});
+    return places.count() > 0;
+}
+
 void endCrossings(const CurvePath& a, CrossingList& list)
 {
     if (a.segmentCount() == 0)

@@ -2,6 +2,7 @@
 
 #include "host/geometry/crossing_list.h"
 #include "host/geometry/curve_path.h"
+#include "host/geometry/straight_crossing.h"
 
 /// Crossing of plane paths that are known to lie in one plane, in that plane's coordinates. Whoever asks for a part of
 /// the segments of `a` (`IndexedPath`) goes through the same steps as who asks for all.
@@ -9,21 +10,27 @@
 /// The box of a path's segments.
 Box2d boxOfSegments(const CurvePath& path);
 
+/// Adds where two segments meet, one of them an arc.
+bool addArcCrossings(const BoxedSegment& own, const BoxedSegment& other, double elevation, CrossingList& list);
+
 /// Adds where two segments meet, `own` being one of the path the list is about; answers whether they do.
 inline bool addCrossings(const BoxedSegment& own, const BoxedSegment& other, double elevation, CrossingList& list)
 {
-    PlaceList places;
-    findCrossings(own, other, places);
-    for (const AcGePoint2d& p : places)
-        list.add({p.x, p.y, elevation});
-    return places.count() > 0;
+    if (own.box.isApart(other.box, pairTolerance(own, other)))
+        return false;
+    if (own.bulge != 0.0 || other.bulge != 0.0)
+        return addArcCrossings(own, other, elevation, list);
+    AcGePoint2d place;
+    if (!findStraightCrossing(own, other, place))
+        return false;
+    list.add({place.x, place.y, elevation});
+    return true;
 }
 
 /// Orders what was added for the segment `own` of a path.
 inline void endCrossingsOfSegment(const BoxedSegment& own, CrossingList& list)
 {
-    const Segment2d piece{own.from, own.to};
-    list.endSegment([&](const AcGePoint3d& p) { return piece.fractionAt({p.x, p.y}); });
+    list.endSegment([&](const AcGePoint3d& p) { return own.segment().fractionAt({p.x, p.y}); });
 }
 
 /// Adds where segment `segment` of `a` meets one other segment.

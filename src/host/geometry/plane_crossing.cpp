@@ -91,8 +91,8 @@ void findOnWholes(const Segment2d& a, const Segment2d& b, double tolerance, Plac
 
 void findArcCrossings(const BoxedSegment& boxedA, const BoxedSegment& boxedB, PlaceList& places)
 {
-    const Segment2d a{boxedA.from, boxedA.to};
-    const Segment2d b{boxedB.from, boxedB.to};
+    const Segment2d a = boxedA.segment();
+    const Segment2d b = boxedB.segment();
     if (!a.isUsable() || !b.isUsable())
         return;
     const double tolerance = pairTolerance(boxedA, boxedB);
@@ -139,8 +139,9 @@ void findCrossings(const BoxedSegment& a, const BoxedSegment& b, PlaceList& plac
 {
     if (a.box.isApart(b.box, pairTolerance(a, b)))
         return;
-    if (a.from.bulge == 0.0 && b.from.bulge == 0.0)
-        findStraightCrossing(a, b, places);
-    else
+    AcGePoint2d place;
+    if (a.bulge != 0.0 || b.bulge != 0.0)
         findArcCrossings(a, b, places);
+    else if (findStraightCrossing(a, b, place))
+        places.add(place);
 }

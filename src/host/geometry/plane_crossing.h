@@ -3,16 +3,24 @@
 #include "host/geometry/point3d.h"
 #include "host/geometry/segment2d.h"
 
+#include <array>
+
 /// A segment of a plane path with the box that decides what it can meet. Cheap to make; refers to nothing.
 struct BoxedSegment
 {
-    BoxedSegment(const PathVertex& first, const PathVertex& second)
-        : from(first), to(second), box(Segment2d::box(first, second)), magnitude(box.magnitude())
+    BoxedSegment(const AcGePoint2d& first, const AcGePoint2d& second, double arc = 0.0)
+        : from(first), to(second), bulge(arc), box(Segment2d::box(first, second, arc)), magnitude(box.magnitude())
     {
     }
+    BoxedSegment(const PathVertex& first, const PathVertex& second)
+        : BoxedSegment({first.x, first.y}, {second.x, second.y}, first.bulge)
+    {
+    }
+    Segment2d segment() const { return {from, to, bulge}; }
 
-    PathVertex from;
-    PathVertex to;
+    AcGePoint2d from;
+    AcGePoint2d to;
+    double bulge;
     Box2d box;
     double magnitude;
 };
@@ -23,7 +31,7 @@ inline double pairTolerance(const BoxedSegment& a, const BoxedSegment& b)
     return placeTolerance(std::min(a.magnitude, b.magnitude));
 }
 
-/// Where two segments of one plane meet: up to four places (two of crossing, the rest of touching ends).
+/// Where two segments of one plane meet: at most two places of crossing and four of touching ends.
 class PlaceList
 {
 public:
@@ -36,14 +44,14 @@ public:
         if (!known && m_count < kMost)
             add(p);
     }
-    const AcGePoint2d* begin() const { return m_places; }
-    const AcGePoint2d* end() const { return m_places + m_count; }
+    const AcGePoint2d* begin() const { return m_places.data(); }
+    const AcGePoint2d* end() const { return m_places.data() + m_count; }
     int count() const { return m_count; }
     void clear() { m_count = 0; }
 
 private:
     static constexpr int kMost = 6;
-    AcGePoint2d m_places[kMost];
+    std::array<AcGePoint2d, kMost> m_places;
     int m_count = 0;
 };
 

@@ -26,7 +26,7 @@ public:
     /// The Z component of the cross product: positive when `v` lies to the left.
     constexpr double crossProduct(const AcGeVector2d& v) const { return x * v.y - y * v.x; }
     constexpr double lengthSqrd() const { return dotProduct(*this); }
-    double length() const { return std::hypot(x, y); }
+    double length() const { return std::sqrt(lengthSqrd()); }
     /// Turned a quarter turn counter-clockwise.
     constexpr AcGeVector2d perpVector() const { return {-y, x}; }
 

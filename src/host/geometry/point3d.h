@@ -32,7 +32,7 @@ public:
         return {y * v.z - z * v.y, z * v.x - x * v.z, x * v.y - y * v.x};
     }
     constexpr double lengthSqrd() const { return dotProduct(*this); }
-    double length() const { return std::hypot(x, y, z); }
+    double length() const { return std::sqrt(lengthSqrd()); }
 
     /// Makes the length 1. A vector no longer than the tolerance stays as it is.
     AcGeVector3d& normalize(const AcGeTol& tol = AcGeContext::gTol)

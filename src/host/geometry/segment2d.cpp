@@ -7,27 +7,17 @@ constexpr double kLargestBulge = 1e9;
 /// Arcs up to this bulge (106 degrees) are measured along their chord, which stays exact when they are nearly straight.
 constexpr double kFlatBulge = 0.5;
 
-bool isUsableVertex(const PathVertex& v)
-{
-    return std::fabs(v.x) < kLargestCoordinate && std::fabs(v.y) < kLargestCoordinate;
-}
-
-bool isUsablePair(const PathVertex& from, const PathVertex& to)
-{
-    return isUsableVertex(from) && isUsableVertex(to) && std::fabs(from.bulge) < kLargestBulge;
-}
-
 } // namespace
 
-Segment2d::Segment2d(const PathVertex& from, const PathVertex& to) : m_start(from.x, from.y), m_end(to.x, to.y)
+Segment2d::Segment2d(const AcGePoint2d& from, const AcGePoint2d& to, double bulge) : m_start(from), m_end(to)
 {
     const AcGeVector2d way = m_end - m_start;
     const double size = way.length();
-    if (!isUsablePair(from, to) || !(size > 0.0))
+    if (!isUsable(from) || !isUsable(to) || !(std::fabs(bulge) < kLargestBulge) || !(size > 0.0))
         return;
     m_size = size;
     m_chord = way / size;
-    m_bulge = from.bulge;
+    m_bulge = bulge;
     const double square = 1.0 + m_bulge * m_bulge;
     m_sin = 2.0 * m_bulge / square;
     m_cos = (1.0 - m_bulge * m_bulge) / square;
@@ -90,27 +80,23 @@ AcGePoint2d Segment2d::at(double fraction) const
     return m_start + (m_chord * std::cos(turn) + m_chord.perpVector() * std::sin(turn)) * reach;
 }
 
-Box2d Segment2d::box(const PathVertex& from, const PathVertex& to)
+Box2d Segment2d::arcBox(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, const Box2d& chord)
 {
-    Box2d box;
-    if (!isUsablePair(from, to))
-        return box;
-    box.add(from.x, from.y);
-    box.add(to.x, to.y);
-    const double b = from.bulge;
-    if (b == 0.0)
-        return box;
-    const AcGeVector2d way{to.x - from.x, to.y - from.y};
-    if (std::fabs(b) <= 1.0)
+    if (!(std::fabs(bulge) < kLargestBulge))
+        return {};
+    Box2d box = chord;
+    const AcGeVector2d way = to - from;
+    if (std::fabs(bulge) <= 1.0)
     {
-        const AcGeVector2d rise = way.perpVector() * (-0.5 * b);
+        const AcGeVector2d rise = way.perpVector() * (-0.5 * bulge);
         box.add(from.x + rise.x, from.y + rise.y);
         box.add(to.x + rise.x, to.y + rise.y);
         return box;
     }
-    const AcGeVector2d toCenter = way * 0.5 + way.perpVector() * ((1.0 - b * b) / (4.0 * b));
-    const double radius = way.length() * (1.0 + b * b) / (4.0 * std::fabs(b));
-    box.add(from.x + toCenter.x - radius, from.y + toCenter.y - radius);
-    box.add(from.x + toCenter.x + radius, from.y + toCenter.y + radius);
+    const double square = bulge * bulge;
+    const AcGePoint2d center = from + way * 0.5 + way.perpVector() * ((1.0 - square) / (4.0 * bulge));
+    const double radius = way.length() * (1.0 + square) / (4.0 * std::fabs(bulge));
+    box.add(center.x - radius, center.y - radius);
+    box.add(center.x + radius, center.y + radius);
     return box;
 }

@@ -50,7 +50,8 @@ struct Box2d
 class Segment2d
 {
 public:
-    Segment2d(const PathVertex& from, const PathVertex& to);
+    Segment2d(const AcGePoint2d& from, const AcGePoint2d& to, double bulge);
+    Segment2d(const PathVertex& from, const PathVertex& to) : Segment2d({from.x, from.y}, {to.x, to.y}, from.bulge) {}
 
     /// False for a segment without length or with a coordinate or bulge beyond all use: it has no points.
     bool isUsable() const { return m_size > 0.0; }
@@ -79,10 +80,28 @@ public:
     double fractionAt(const AcGePoint2d& pointOnCurve) const;
     AcGePoint2d at(double fraction) const;
 
-    /// A box that holds the segment; for an arc it may be somewhat larger than need be.
-    static Box2d box(const PathVertex& from, const PathVertex& to);
+    /// A box that holds the segment; for an arc it may be somewhat larger than need be. Empty for a segment with a
+    /// coordinate or bulge beyond all use.
+    static Box2d box(const AcGePoint2d& from, const AcGePoint2d& to, double bulge)
+    {
+        if (!isUsable(from) || !isUsable(to))
+            return {};
+        const Box2d chord{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
+                          std::max(from.y, to.y)};
+        return bulge == 0.0 ? chord : arcBox(from, to, bulge, chord);
+    }
+    static Box2d box(const PathVertex& from, const PathVertex& to)
+    {
+        return box({from.x, from.y}, {to.x, to.y}, from.bulge);
+    }
 
 private:
+    static bool isUsable(const AcGePoint2d& p)
+    {
+        return std::fabs(p.x) < kLargestCoordinate && std::fabs(p.y) < kLargestCoordinate;
+    }
+    static Box2d arcBox(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, const Box2d& chord);
+
     AcGePoint2d m_start;
     AcGePoint2d m_end;
     AcGeVector2d m_chord;

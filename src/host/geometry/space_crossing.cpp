@@ -26,7 +26,7 @@ class PlacedSegment
 public:
     PlacedSegment(const PlacedPath& placed, std::size_t segment)
         : m_placed(placed), m_flat(placed.path.segmentStart(segment), placed.path.segmentEnd(segment)),
-          m_start(worldPoint(m_flat.from)), m_end(worldPoint(m_flat.to))
+          m_start(worldPoint(placed.path.segmentStart(segment))), m_end(worldPoint(placed.path.segmentEnd(segment)))
     {
         m_box.addPoint(m_start);
         m_box.addPoint(m_end);
@@ -44,7 +44,7 @@ public:
         return !m_flat.box.isEmpty() && std::isfinite(m_start.z) && std::isfinite(m_end.z) &&
                m_magnitude < kLargestCoordinate;
     }
-    bool isArc() const { return m_flat.from.bulge != 0.0; }
+    bool isArc() const { return m_flat.bulge != 0.0; }
     bool isApart(const PlacedSegment& other, double gap) const
     {
         const AcGePoint3d& low = m_box.minPoint();
@@ -73,7 +73,7 @@ public:
         if (!isArc())
             return (p - m_start).dotProduct(m_end - m_start);
         const AcGePoint3d q = m_placed.toPlane * p;
-        return Segment2d{m_flat.from, m_flat.to}.fractionAt({q.x, q.y});
+        return m_flat.segment().fractionAt({q.x, q.y});
     }
 
 private:
@@ -118,8 +118,9 @@ void crossStraight(const PlacedSegment& a, const PlacedSegment& b, double tolera
         return;
     const AcGeVector3d y = normal.crossProduct(x);
     const AcGeVector3d far = b.end() - a.start();
-    BoxedSegment flatA{{0.0, 0.0}, {length, 0.0}};
-    BoxedSegment flatB{{between.dotProduct(x), between.dotProduct(y)}, {far.dotProduct(x), far.dotProduct(y)}};
+    BoxedSegment flatA{AcGePoint2d{0.0, 0.0}, AcGePoint2d{length, 0.0}};
+    BoxedSegment flatB{AcGePoint2d{between.dotProduct(x), between.dotProduct(y)},
+                       AcGePoint2d{far.dotProduct(x), far.dotProduct(y)}};
     flatA.magnitude = a.magnitude();
     flatB.magnitude = b.magnitude();
     PlaceList places;
@@ -140,7 +141,7 @@ void crossStraightAndArc(const PlacedSegment& straight, const PlacedSegment& arc
     const bool toNear = std::fabs(toHeight) <= tolerance;
     if (fromNear && toNear)
     {
-        BoxedSegment flat{{from.x, from.y}, {to.x, to.y}};
+        BoxedSegment flat{AcGePoint2d{from.x, from.y}, AcGePoint2d{to.x, to.y}};
         flat.magnitude = straight.magnitude();
         PlaceList places;
         findCrossings(flat, arc.flat(), places);
@@ -153,7 +154,7 @@ void crossStraightAndArc(const PlacedSegment& straight, const PlacedSegment& arc
     const double part = fromNear ? 0.0 : toNear ? 1.0 : fromHeight / (fromHeight - toHeight);
     const AcGePoint3d p = from + (to - from) * part;
     const BoxedSegment flat = arc.flat();
-    if (Segment2d{flat.from, flat.to}.isNear({p.x, p.y}, tolerance))
+    if (flat.segment().isNear({p.x, p.y}, tolerance))
         list.add(snapped(straight.start() + (straight.end() - straight.start()) * part, straight, arc, tolerance));
 }
 
@@ -168,8 +169,8 @@ void crossArcs(const PlacedSegment& a, const PlacedSegment& b, double tolerance,
         return;
     const double level = planeB.path.elevation() - normal.z * planeA.path.elevation();
     const AcGePoint2d foot = AcGePoint2d::kOrigin + across * (level / across.lengthSqrd());
-    const Segment2d arcA{a.flat().from, a.flat().to};
-    const Segment2d arcB{b.flat().from, b.flat().to};
+    const Segment2d arcA = a.flat().segment();
+    const Segment2d arcB = b.flat().segment();
     PlaceList places;
     findOnCircle(foot, across.perpVector() / across.length(), arcA, tolerance, places);
     for (const AcGePoint2d& p : places)
