@@ -1,0 +1,34 @@
+#include "settings/drawing_settings.h"
+
+#include "host/app/host_services.h"
+#include "host/companion/project_config.h"
+#include "util/document_lock.h"
+
+namespace
+{
+
+std::u16string KeyOf(AcDbObjectId alignment)
+{
+    char16_t handle[256] = {};
+    alignment.handle().getIntoAsciiBuffer(handle, std::size(handle));
+    return std::u16string{u"DICTIONARY_DSS_"} + handle;
+}
+
+} // namespace
+
+std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment)
+{
+    std::vector<std::u16string> lines;
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    if (alignment.isNull() || database == nullptr || ProjectConfig::Read(database, KeyOf(alignment), lines) == 0)
+        return {};
+    return lines;
+}
+
+void WriteDrawingSettings(AcDbObjectId alignment, const std::vector<std::u16string>& lines)
+{
+    const OpenForWrite lock;
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    if (!alignment.isNull() && database != nullptr && !lines.empty())
+        ProjectConfig::Write(database, KeyOf(alignment), lines);
+}

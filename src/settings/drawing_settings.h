@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+
+#include <string>
+#include <vector>
+
+/// What a drawing keeps of the settings dialog for one of its alignments, as lines of text; saved with the drawing.
+
+/// The lines kept for an alignment; none when there are none, or for a null id.
+std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment);
+
+/// Replaces the lines kept for an alignment, under the document lock. No lines, or a null id: what is kept stays.
+void WriteDrawingSettings(AcDbObjectId alignment, const std::vector<std::u16string>& lines);

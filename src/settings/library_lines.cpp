@@ -1,0 +1,91 @@
+#include "settings/library_lines.h"
+
+#include "host/text.h"
+#include "util/fields.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::array<std::u16string_view, kLibraryTableCount> kTableMarkers{u"[SYMBOL]", u"[TN]", u"[BD]"};
+constexpr std::u16string_view kGeneralMarker = u"[ALL]";
+
+void appendSection(TextLines& lines, std::u16string_view marker, const TextLines& section)
+{
+    if (section.empty())
+        return;
+    lines.emplace_back(marker);
+    lines.insert(lines.end(), section.begin(), section.end());
+}
+
+/// The section that a marker line opens; null for any other line.
+TextLines* sectionOf(LibraryLines& sections, std::u16string_view line, GeneralSection general)
+{
+    for (size_t table = 0; table < kLibraryTableCount; ++table)
+    {
+        if (equalNoCase(line, kTableMarkers[table]))
+            return &sections.tables[table];
+    }
+    return general == GeneralSection::kLast && equalNoCase(line, kGeneralMarker) ? &sections.general : nullptr;
+}
+
+struct ByKey
+{
+    bool operator()(const RowTexts& a, const RowTexts& b) const { return less(a.front(), b.front()); }
+    bool operator()(const RowTexts& a, std::u16string_view b) const { return less(a.front(), b); }
+    LessNoCase less;
+};
+
+} // namespace
+
+TextLines JoinSections(const LibraryLines& sections)
+{
+    TextLines lines;
+    for (size_t table = 0; table < kLibraryTableCount; ++table)
+        appendSection(lines, kTableMarkers[table], sections.tables[table]);
+    appendSection(lines, kGeneralMarker, sections.general);
+    return lines;
+}
+
+LibraryLines SplitSections(const TextLines& lines, GeneralSection general)
+{
+    LibraryLines sections;
+    TextLines* current = nullptr;
+    for (const std::u16string& line : lines)
+    {
+        if (TextLines* opened = sectionOf(sections, line, general))
+            current = opened;
+        else if (current != nullptr)
+            current->push_back(line);
+    }
+    return sections;
+}
+
+std::u16string JoinRow(const RowTexts& row)
+{
+    std::u16string line = row.front();
+    for (size_t field = 1; field < row.size(); ++field)
+        line += u"," + row[field];
+    return line;
+}
+
+RowLookup::RowLookup(const TextLines& lines)
+{
+    for (const std::u16string& line : lines)
+    {
+        std::vector<std::u16string> fields = SplitFields(line, u',', EmptyFields::kSkip);
+        RowTexts row;
+        if (fields.size() != row.size())
+            continue;
+        std::move(fields.begin(), fields.end(), row.begin());
+        m_rows.push_back(std::move(row));
+    }
+    std::stable_sort(m_rows.begin(), m_rows.end(), ByKey{});
+}
+
+const RowTexts* RowLookup::find(std::u16string_view key) const
+{
+    const auto at = std::lower_bound(m_rows.begin(), m_rows.end(), key, ByKey{});
+    return at != m_rows.end() && equalNoCase(at->front(), key) ? &*at : nullptr;
+}
