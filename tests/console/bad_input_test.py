@@ -1,0 +1,97 @@
+#!/usr/bin/env python3
+"""What a user gets wrong, and what a file can hold: one line that says what and where, and nothing lost."""
+import os
+import random
+import subprocess
+
+from program import LIBRARY, SAMPLE, SYMBOLS, ProgramTest, main
+
+HEAD = "  0\nSECTION\n  2\nENTITIES\n"
+
+
+class BadInput(ProgramTest):
+    def refused(self, *arguments, says, status=1):
+        """A run that fails with one line that holds `says`, and writes nothing."""
+        before = {path: path.read_bytes() for path in self.folder.rglob("*") if path.is_file()}
+        _, err = self.run_program(*arguments, "--settings", self.settings, status=status)
+        self.assertIn(says, err)
+        if status == 1:
+            self.assertEqual(err.count("\n"), 1, err)
+        after = {path: path.read_bytes() for path in self.folder.rglob("*")
+                 if path.is_file() and self.settings not in path.parents}
+        self.assertEqual(before, after)
+
+    def test_wrong_usage(self):
+        for arguments in (["scan"], ["draw", SAMPLE], ["nonsense", SAMPLE], ["scan", SAMPLE, "--nonsense"]):
+            self.run_program(*arguments, status=2)
+        out, _ = self.run_program("--help")
+        for command in ("scan", "draw", "erase", "plan", "script", "info"):
+            self.assertIn(command, out)
+
+    def test_what_cannot_be_done(self):
+        out = self.folder / "out.dxf"
+        self.refused("scan", "missing.dxf", says="missing.dxf: no such file")
+        self.refused("scan", self.folder, says="is a folder")
+        self.refused("draw", SAMPLE, "-o", out, "--alignment", "T9", says="T1, T2")
+        self.refused("draw", SAMPLE, "-o", out, "--sections", "1,99", says="section 99 is out of range")
+        self.refused("draw", SAMPLE, "-o", out, "--sections", "x", says="no list of sections")
+        self.refused("draw", SAMPLE, "-o", out, "--library", "missing.dv", says="missing.dv")
+        self.refused("plan", SAMPLE, "-o", out, "--table", "missing.dvbd", says="missing.dvbd")
+        self.refused("draw", SAMPLE, "-o", self.folder / "no" / "such.dxf", "--library", LIBRARY, says="such.dxf")
+        self.refused("draw", SAMPLE, "-o", "/dev/full", says="/dev/full")
+        self.refused("check", SAMPLE, says="not part of this version")
+        empty = self.folder / "empty.dxf"
+        empty.write_text("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n" + HEAD +
+                         "  0\nENDSEC\n  0\nEOF\n")
+        self.refused("draw", empty, "-o", out, says="no alignment")
+
+    def test_a_missing_symbol_is_reported_and_fails_only_when_strict(self):
+        library = self.folder / "lost.dv"
+        library.write_bytes(b"[SYMBOL]\nlost,C:\\x\\lost.dxf,1,1,0\n" +
+                            LIBRARY.read_bytes().replace(b"symbols\\", b"D:\\Symbols\\").replace(b".dxf", b"_.dxf"))
+        out = self.folder / "out.dxf"
+        report = self.draw(SAMPLE, out, "--library", library)
+        self.assertGreater(len(report["unreadable"]), 3)
+        self.assertTrue(all("no such file" in entry["reason"] for entry in report["unreadable"]))
+        self.assert_sound(out)
+        out.unlink()
+        self.refused("draw", SAMPLE, "-o", out, "--library", library, "--strict", says="_.dxf")
+
+    def test_damaged_drawings(self):
+        good = SAMPLE.read_bytes()
+        bad = self.folder / "bad.dxf"
+        for content, says in ((b"", "empty or not a DXF"), (b"GIF89a" * 50, "line 1"), (good[: len(good) // 2], "cut short"),
+                              (good.replace(b"AC1027", b"AC1014", 1), "R14"), (bytes(range(256)) * 400, "line 1"),
+                              (b"\0" * 100000, "line 1")):
+            bad.write_bytes(content)
+            self.refused("scan", bad, says=says)
+
+    def test_hostile_drawings_neither_crash_nor_hang(self):
+        good = SAMPLE.read_bytes()
+        chooser = random.Random(11)
+        bad, out = self.folder / "bad.dxf", self.folder / "out.dxf"
+        values = [b"nan", b"inf", b"-1e308", b"1e400", b"999999999999", b"-1", b"", b"FFFFFFFF", b"\xff\xfe", b"0"]
+        for _ in range(25):
+            lines = good.split(b"\n")
+            for _ in range(200):
+                i = chooser.randrange(len(lines) // 2 - 1) * 2 + 1
+                lines[i] = chooser.choice(values) if lines[i].strip()[:1].isdigit() else lines[i]
+            bad.write_bytes(b"\n".join(lines))
+            for command in (["scan", bad, "--nearby"], ["draw", bad, "-o", out, "--library", LIBRARY, "--symbols", SYMBOLS,
+                                                        "--nearby"]):
+                status = self.status_of(*command)
+                self.assertIn(status, (0, 1), command)
+
+    def status_of(self, *arguments):
+        return subprocess.run([os.environ["VELOXA"], *map(str, arguments), "--settings", str(self.settings)],
+                              capture_output=True, timeout=60, check=False).returncode
+
+    def test_settings_that_cannot_be_kept_are_told(self):
+        blocked = self.folder / "blocked"
+        blocked.write_text("a file where the folder should be")
+        out, _ = self.run_program("draw", SAMPLE, "-o", self.folder / "out.dxf", "--settings", blocked / "settings")
+        self.assertIn("settings could not be kept", out)
+
+
+if __name__ == "__main__":
+    main()

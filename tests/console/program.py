@@ -1,0 +1,57 @@
+"""Runs the program as a user does, in folders of its own, and has other programs look at what it wrote."""
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+SOURCE = pathlib.Path(os.environ["VELOXA_SOURCE"])
+SAMPLE = SOURCE / "samples" / "road.dxf"
+LIBRARY = SOURCE / "samples" / "road.dv"
+TABLE = SOURCE / "samples" / "road.dvbd"
+SYMBOLS = SOURCE / "samples" / "symbols"
+REAL_DATA = pathlib.Path(os.environ.get("VELOXA_REAL_DATA", SOURCE.parent / "shared" / "data"))
+
+# The auditor is Debian's package, whatever interpreter runs this.
+AUDIT = """
+import sys, ezdxf
+document = ezdxf.readfile(sys.argv[1])
+auditor = document.audit()
+print(len(auditor.errors), len(auditor.fixes), [e.message for e in auditor.errors + auditor.fixes][:5])
+"""
+
+
+class ProgramTest(unittest.TestCase):
+    """A test with a folder of its own, which is also where settings go."""
+
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory()
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name)
+        self.settings = self.folder / "settings"
+
+    def run_program(self, *arguments, status=0, cwd=None):
+        """Standard output and standard error of a run that must end with `status`."""
+        done = subprocess.run([os.environ["VELOXA"], *map(str, arguments)], capture_output=True, cwd=cwd or self.folder,
+                              timeout=120, check=False)
+        out, err = done.stdout.decode(), done.stderr.decode()
+        self.assertEqual(done.returncode, status, f"{arguments}: {err}{out}")
+        return out, err
+
+    def run_json(self, command, drawing, *arguments):
+        out, _ = self.run_program(command, drawing, *arguments, "--json", "--settings", self.settings)
+        return json.loads(out)
+
+    def draw(self, drawing, output, *arguments):
+        return self.run_json("draw", drawing, "-o", output, "--symbols", SYMBOLS, *arguments)
+
+    def assert_sound(self, drawing):
+        """An independent auditor finds no error and nothing to repair."""
+        done = subprocess.run(["/usr/bin/python3", "-c", AUDIT, str(drawing)], capture_output=True, check=False)
+        self.assertEqual(done.returncode, 0, done.stderr.decode())
+        self.assertTrue(done.stdout.decode().startswith("0 0 "), done.stdout.decode())
+
+
+def main():
+    unittest.main(verbosity=2)

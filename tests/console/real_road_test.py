@@ -1,0 +1,59 @@
+#!/usr/bin/env python3
+"""The main job on a real road, and real drawings of other programs. Skipped where the data is not there."""
+import json
+import unittest
+
+from drawing_test import entities_of
+from program import REAL_DATA, SYMBOLS, ProgramTest, main
+
+ROAD = REAL_DATA / "road" / "m3.dxf"
+
+
+@unittest.skipUnless(ROAD.exists(), f"no real drawings in {REAL_DATA}")
+class RealRoad(ProgramTest):
+    def library(self, scan):
+        """A feature library that gives every name and code of the scan one of our symbols."""
+        symbols = sorted(path.name for path in SYMBOLS.glob("*.dxf"))
+        sections = [section for line in scan["alignments"] for section in line["sections"]]
+        names = sorted({row["name"] for s in sections for row in s["nearby"] + s["crossing"]})
+        codes = sorted({row["code"] for s in sections for row in s["codes"]})
+        lines = []
+        for marker, keys in (("[SYMBOL]", names), ("[TN]", codes), ("[BD]", codes)):
+            lines.append(marker)
+            lines += [f"{key},{symbols[i % len(symbols)]},1.00,1.00,0.00" for i, key in enumerate(keys)]
+        path = self.folder / "m3.dv"
+        path.write_bytes("\n".join(lines + [""]).encode("latin-1"))
+        return path
+
+    def test_scan_draw_erase(self):
+        scan = self.run_json("scan", ROAD, "--nearby")
+        self.assertEqual([len(line["sections"]) for line in scan["alignments"]], [64])
+        drawn, clean = self.folder / "drawn.dxf", self.folder / "clean.dxf"
+        report = self.draw(ROAD, drawn, "--library", self.library(scan), "--nearby")
+        self.assertGreater(report["placed"], 500)
+        self.assertEqual(report["unreadable"], [])
+        self.assertEqual(report["withoutSymbol"], [])
+        self.assert_sound(drawn)
+        self.assertEqual(self.run_json("erase", drawn, "-o", clean)["erased"], report["placed"])
+        self.assert_sound(clean)
+        before, after = entities_of(ROAD), entities_of(clean)
+        self.assertEqual(before.keys(), after.keys())
+        changed = [handle for handle in before if before[handle] != after[handle]]
+        self.assertEqual([before[handle][0][1] for handle in changed], ["PLXDBALIGNMENT"])
+
+    def test_drawings_of_other_programs_stay_as_they_are(self):
+        for drawing in sorted((REAL_DATA / "dwg").glob("*.dxf")):
+            out = self.folder / drawing.name
+            script = self.folder / "save.txt"
+            script.write_text(f'open "{drawing}"\nprint drawing\nsave "{out}"\n')
+            if "r14" in drawing.name:
+                _, err = self.run_program("script", script, status=1)
+                self.assertIn("R14", err)
+                continue
+            printed, _ = self.run_program("script", script, "--settings", self.settings)
+            self.assertTrue(json.loads(printed)["types"] is not None)
+            self.assertEqual(out.read_bytes(), drawing.read_bytes(), drawing.name)
+
+
+if __name__ == "__main__":
+    main()
