@@ -5,6 +5,8 @@
 namespace
 {
 
+/// So many that a cell seldom holds the end of a segment, and what is sought is read off without a search.
+constexpr std::size_t kCellsPerSegment = 4;
 constexpr std::size_t kMostOrdered = std::numeric_limits<std::uint32_t>::max();
 
 bool isStraightAndUsable(const CurvePath& path)
@@ -56,9 +58,10 @@ void IndexedPath::fillTable() const
     const std::size_t count = m_path.segmentCount();
     m_sign = m_order == Order::RisingX ? 1.0 : -1.0;
     const double width = m_sign * (m_path.vertices().back().x - m_path.vertices().front().x);
-    const double cells = static_cast<double>(count) / width;
-    m_table.assign(count + 1, static_cast<std::uint32_t>(count));
-    m_cellsPerUnit = std::isfinite(cells) ? cells : 0.0;
+    const std::size_t cells = kCellsPerSegment * count;
+    const double cellsPerUnit = static_cast<double>(cells) / width;
+    m_table.assign(cells + 1, static_cast<std::uint32_t>(count));
+    m_cellsPerUnit = std::isfinite(cellsPerUnit) ? cellsPerUnit : 0.0;
     std::size_t filled = 0;
     for (std::size_t i = 0; i < count; ++i)
         for (const std::size_t cell = cellOf(m_sign * m_path.segmentEnd(i).x); filled <= cell; ++filled)

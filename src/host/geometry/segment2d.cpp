@@ -80,23 +80,24 @@ AcGePoint2d Segment2d::at(double fraction) const
     return m_start + (m_chord * std::cos(turn) + m_chord.perpVector() * std::sin(turn)) * reach;
 }
 
-Box2d Segment2d::arcBox(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, const Box2d& chord)
+void Segment2d::widenByArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, Box2d& box)
 {
     if (!(std::fabs(bulge) < kLargestBulge))
-        return {};
-    Box2d box = chord;
+    {
+        box = {};
+        return;
+    }
     const AcGeVector2d way = to - from;
     if (std::fabs(bulge) <= 1.0)
     {
         const AcGeVector2d rise = way.perpVector() * (-0.5 * bulge);
         box.add(from.x + rise.x, from.y + rise.y);
         box.add(to.x + rise.x, to.y + rise.y);
-        return box;
+        return;
     }
     const double square = bulge * bulge;
     const AcGePoint2d center = from + way * 0.5 + way.perpVector() * ((1.0 - square) / (4.0 * bulge));
     const double radius = way.length() * (1.0 + square) / (4.0 * std::fabs(bulge));
     box.add(center.x - radius, center.y - radius);
     box.add(center.x + radius, center.y + radius);
-    return box;
 }

@@ -84,11 +84,17 @@ public:
     /// coordinate or bulge beyond all use.
     static Box2d box(const AcGePoint2d& from, const AcGePoint2d& to, double bulge)
     {
-        if (!isUsable(from) || !isUsable(to))
-            return {};
-        const Box2d chord{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
-                          std::max(from.y, to.y)};
-        return bulge == 0.0 ? chord : arcBox(from, to, bulge, chord);
+        Box2d box;
+        if (isUsable(from) && isUsable(to))
+        {
+            box.minX = std::min(from.x, to.x);
+            box.minY = std::min(from.y, to.y);
+            box.maxX = std::max(from.x, to.x);
+            box.maxY = std::max(from.y, to.y);
+            if (bulge != 0.0)
+                widenByArc(from, to, bulge, box);
+        }
+        return box;
     }
     static Box2d box(const PathVertex& from, const PathVertex& to)
     {
@@ -100,7 +106,7 @@ private:
     {
         return std::fabs(p.x) < kLargestCoordinate && std::fabs(p.y) < kLargestCoordinate;
     }
-    static Box2d arcBox(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, const Box2d& chord);
+    static void widenByArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, Box2d& box);
 
     AcGePoint2d m_start;
     AcGePoint2d m_end;
