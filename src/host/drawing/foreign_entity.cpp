@@ -1,0 +1,182 @@
+#include "host/drawing/foreign_entity.h"
+
+#include "host/drawing/foreign_names.h"
+#include "host/drawing/pair_edit.h"
+#include "host/drawing/subclass_markers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr int kR2004 = 1018;
+constexpr int kR2007 = 1021;
+constexpr int kR2010 = 1024;
+
+constexpr std::array<std::string_view, 23> kCarried{
+    "3DFACE", "ARC",    "ATTDEF", "ATTRIB",     "CIRCLE", "DIMENSION", "ELLIPSE",  "HATCH",
+    "INSERT", "LEADER", "LINE",   "LWPOLYLINE", "MTEXT",  "POINT",     "POLYLINE", "RAY",
+    "SOLID",  "SPLINE", "TEXT",   "TOLERANCE",  "TRACE",  "VERTEX",    "XLINE"};
+
+bool within(int code, int first, int last)
+{
+    return code >= first && code <= last;
+}
+
+bool oneOf(int code, std::initializer_list<int> codes)
+{
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
+}
+
+/// Pairs that come with a later version than the target has, by kind.
+bool isTooNew(std::string_view kind, int code, int version)
+{
+    if (kind == "HATCH")
+        return version < kR2004 && (within(code, 450, 470) || code == 63 || code == 421);
+    if (kind == "MTEXT")
+        return (version < kR2004 && oneOf(code, {45, 63, 90, 421, 431, 441})) ||
+               (version < kR2007 && oneOf(code, {46, 48, 49, 75, 76, 78, 79}));
+    if (kind == "ATTRIB" || kind == "ATTDEF" || kind == "DIMENSION")
+        return version < kR2010 && code == 280;
+    return false;
+}
+
+bool hasMarkers(const std::vector<CarriedPair>& pairs)
+{
+    return std::any_of(pairs.begin(), pairs.end(), [](const CarriedPair& pair) { return pair.code == 100; });
+}
+
+/// Applications of the kind whose data names objects of the source.
+std::string_view leftApplication(std::string_view kind)
+{
+    return kind == "DIMENSION" || kind == "LEADER" || kind == "TOLERANCE" ? "ACAD" : std::string_view{};
+}
+
+} // namespace
+
+bool isCarriedKind(std::string_view kind)
+{
+    return std::find(kCarried.begin(), kCarried.end(), kind) != kCarried.end();
+}
+
+bool ForeignEntity::isLeftOut(int code) const
+{
+    constexpr std::array kOwnOrSpace{0, 5, 67, 105, 410};
+    if (std::find(kOwnOrSpace.begin(), kOwnOrSpace.end(), code) != kOwnOrSpace.end() || isHandleReferenceCode(code))
+        return true;
+    const int version = m_values.target().version();
+    if (version < kR2004 && oneOf(code, {420, 430, 440}))
+        return true;
+    if (m_part == "AcDbEntity")
+        return oneOf(code, {92, 160, 284, 310});
+    // Texts of several lines hang a record of their own on an attribute.
+    if (m_part == "AcDbXrecord")
+        return true;
+    if (code == 66)
+        return !m_followed;
+    if (code == 91 && (m_kind == "LWPOLYLINE" || m_kind == "VERTEX"))
+        return true;
+    return isTooNew(m_kind, code, version);
+}
+
+void ForeignEntity::useNames(const Tag& tag) const
+{
+    ForeignNames& names = m_values.names();
+    if (tag.code == 8)
+        names.use("LAYER", m_values.decoded(tag));
+    else if (tag.code == 6)
+        names.use("LTYPE", m_values.decoded(tag));
+    else if (tag.code == 7)
+        names.use("STYLE", m_values.decoded(tag));
+    else if (tag.code == 3 && (m_kind == "DIMENSION" || m_kind == "LEADER" || m_kind == "TOLERANCE"))
+        names.use("DIMSTYLE", m_values.decoded(tag));
+}
+
+std::string ForeignEntity::valueFor(const Tag& tag) const
+{
+    constexpr std::string_view kNoAnnotation = "3";
+    if (tag.code == 2 && (m_kind == "INSERT" || m_kind == "DIMENSION"))
+        return std::string{m_block};
+    if (tag.code == 71 && m_kind == "HATCH")
+        return "0";
+    if (tag.code == 73 && m_kind == "LEADER")
+        return std::string{kNoAnnotation};
+    return m_values.value(tag);
+}
+
+void ForeignEntity::carry(const Tag& tag)
+{
+    if (tag.code == 100)
+        m_part = tag.word();
+    if (tag.code == 100 ? m_part == "AcDbXrecord" : isLeftOut(tag.code))
+        return;
+    useNames(tag);
+    m_pairs.push_back({tag.code, valueFor(tag)});
+}
+
+void ForeignEntity::carryOwn(std::string_view text)
+{
+    m_pairs.clear();
+    m_part = {};
+    OwnPairs own{text};
+    int pending = 0;
+    for (Tag tag; own.next(tag);)
+    {
+        // A count of boundary objects (97) has lost them; one of fit points stands before the points.
+        if (pending > 0 && tag.code != 11 && m_kind == "HATCH")
+            m_pairs.back().value = "0";
+        pending = tag.code == 97 ? 1 : 0;
+        carry(tag);
+    }
+    if (pending > 0 && m_kind == "HATCH")
+        m_pairs.back().value = "0";
+}
+
+std::string ForeignEntity::write(std::string_view kind, std::string_view pairs, uint64_t handle, uint64_t owner,
+                                 std::string_view block, bool followed)
+{
+    m_kind = kind;
+    m_block = block;
+    m_followed = followed;
+    carryOwn(pairs);
+    TagWriter out;
+    out.text(0, kind);
+    out.handle(5, handle);
+    out.handle(330, owner);
+    if (hasMarkers(m_pairs))
+        for (const CarriedPair& pair : m_pairs)
+            out.text(pair.code, pair.value);
+    else
+        writeWithMarkers(out, kind, m_pairs);
+    out.raw(m_values.extendedData(pairs, leftApplication(kind)));
+    return out.take();
+}
+
+std::string ForeignEntity::writePicture(std::string_view pairs, uint64_t handle, uint64_t owner, std::string_view block)
+{
+    m_kind = "INSERT";
+    m_block = block;
+    m_followed = false;
+    carryOwn(pairs);
+    std::erase_if(m_pairs, [](const CarriedPair& pair) { return !oneOf(pair.code, {2, 6, 8, 62}); });
+    TagWriter out;
+    out.text(0, m_kind);
+    out.handle(5, handle);
+    out.handle(330, owner);
+    for (const int code : {10, 20, 30})
+        m_pairs.push_back({code, "0.0"});
+    writeWithMarkers(out, m_kind, m_pairs);
+    return out.take();
+}
+
+std::string ForeignEntity::writeSequenceEnd(uint64_t handle, uint64_t owner) const
+{
+    TagWriter out;
+    out.text(0, "SEQEND");
+    out.handle(5, handle);
+    out.handle(330, owner);
+    out.text(100, "AcDbEntity");
+    out.text(8, "0");
+    return out.take();
+}

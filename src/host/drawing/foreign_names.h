@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/drawing/foreign_pairs.h"
+
+#include <string>
+
+/// Sees to it that what entities from another drawing name exists in the drawing they go to: layers, linetypes, text
+/// styles, dimension styles, applications. What the target has under a name is kept; what the source lacks too is made
+/// plain.
+class ForeignNames
+{
+public:
+    ForeignNames(AcDbDatabase& source, AcDbDatabase& target) : m_source{source}, m_target{target} {}
+
+    /// `table` as in drawing files: LAYER, LTYPE, STYLE, DIMSTYLE or APPID.
+    void use(std::string_view table, const std::u16string& name);
+
+private:
+    void writeLayer(TagWriter& out, std::string_view pairs);
+    void writeLinetype(TagWriter& out, std::string_view pairs) const;
+    void writeStyle(TagWriter& out, std::string_view pairs);
+    void writeDimensionStyle(TagWriter& out, std::string_view pairs);
+
+    AcDbDatabase& m_source;
+    AcDbDatabase& m_target;
+};

@@ -1,0 +1,188 @@
+#include "host/drawing/block_index.h"
+#include "host/drawing/database.h"
+#include "host/drawing/entity_curves.h"
+#include "host/drawing/foreign_blocks.h"
+#include "host/drawing/foreign_entity.h"
+#include "host/drawing/foreign_names.h"
+#include "host/drawing/header_variables.h"
+#include "host/drawing/new_block.h"
+#include "host/drawing/pair_edit.h"
+#include "host/drawing/symbol_tables.h"
+#include "host/drawing/table_index.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int kR13 = 1012;
+
+/// Carries blocks of one drawing into another. Nothing fails on the way: what could was asked before.
+class BlockCarrier
+{
+public:
+    BlockCarrier(AcDbDatabase& source, AcDbDatabase& target, const ForeignBlocks& blocks)
+        : m_source{source}, m_target{target}, m_blocks{blocks}, m_names{source, target},
+          m_values{source, target, m_names}, m_entity{m_values}
+    {
+    }
+
+    /// Decides what a block of the source is called in the target.
+    void name(uint32_t block);
+    /// Makes the definition `name` of what stands in a container of the source.
+    ObjectRecord& carry(uint32_t block, const std::u16string& name, const AcGePoint3d& base);
+    /// Makes the definition of a block that was given a name.
+    void carry(uint32_t block);
+
+private:
+    void carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner);
+    void carryPicture(const ObjectRecord& dimension, const std::u16string& block, uint32_t container, uint64_t owner);
+    void carrySubEntities(const std::vector<ObjectRecord*>& parts, uint32_t container, uint64_t owner);
+    std::u16string freeAnonymousName() const;
+
+    AcDbDatabase& m_source;
+    AcDbDatabase& m_target;
+    const ForeignBlocks& m_blocks;
+    ForeignNames m_names;
+    ForeignPairs m_values;
+    ForeignEntity m_entity;
+    std::unordered_map<uint32_t, std::u16string> m_nameOf;
+};
+
+std::u16string nameOfBlock(const AcDbDatabase& drawing, uint32_t block)
+{
+    return drawing.encoding().decode(drawing.store().containers[block].name);
+}
+
+AcGePoint3d basePointOf(const Container& block)
+{
+    OwnPairs pairs{block.head->view()};
+    for (Tag tag; pairs.next(tag);)
+        if (tag.code == 10)
+            return pairs.pointFrom(tag);
+    return {};
+}
+
+/// Names with a star belong to the drawing they stand in.
+bool isAnonymous(std::u16string_view name)
+{
+    return name.starts_with(u'*');
+}
+
+std::u16string BlockCarrier::freeAnonymousName() const
+{
+    return u"*U" + toUtf16(std::to_string(m_target.nextHandle()));
+}
+
+void BlockCarrier::name(uint32_t block)
+{
+    m_nameOf.emplace(block, nameOfBlock(m_source, block));
+}
+
+void BlockCarrier::carry(uint32_t block)
+{
+    std::u16string& name = m_nameOf.at(block);
+    if (isAnonymous(name))
+        name = freeAnonymousName();
+    carry(block, name, basePointOf(m_source.store().containers[block]));
+}
+
+ObjectRecord& BlockCarrier::carry(uint32_t block, const std::u16string& name, const AcGePoint3d& base)
+{
+    ObjectRecord& record = m_target.addRecord(m_target.tables().container("BLOCK_RECORD"), "BLOCK_RECORD");
+    TagWriter out;
+    out.text(0, "BLOCK_RECORD");
+    out.handle(5, record.handle);
+    out.handle(330, m_target.tables().table("BLOCK_RECORD")->handle);
+    encodeBlockRecord(out, m_target, name);
+    m_target.setRecordText(record, out.view());
+    m_target.tables().add("BLOCK_RECORD", name, record);
+    const uint32_t container = addBlockContents(m_target, name, record, base);
+    for (const AcDbObjectId id : m_source.blocks().entitiesIn(block, false))
+        carryEntity(*id.record(), container, record.handle);
+    return record;
+}
+
+void BlockCarrier::carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner)
+{
+    const std::string_view kind = m_source.dxfNameOf(entity);
+    if (!isCarriedKind(kind))
+        return;
+    const auto block = m_nameOf.find(m_blocks.blockOf(entity));
+    const bool needsBlock = kind == "INSERT" || kind == "DIMENSION";
+    if (needsBlock && block == m_nameOf.end())
+        return;
+    if (kind == "DIMENSION" && m_source.version() < kR13)
+        return carryPicture(entity, block->second, container, owner);
+    const std::vector<ObjectRecord*> parts = subEntitiesOf(entity);
+    const bool followed = std::any_of(
+        parts.begin(), parts.end(), [&](const ObjectRecord* part) { return isCarriedKind(m_source.dxfNameOf(*part)); });
+    if (kind == "POLYLINE" && !followed)
+        return;
+    ObjectRecord& record = m_target.addRecord(container, kind);
+    const std::string name = needsBlock ? m_target.encoding().encode(block->second) : std::string{};
+    m_target.setRecordText(record, m_entity.write(kind, entity.view(), record.handle, owner, name, followed));
+    if (followed)
+        carrySubEntities(parts, container, record.handle);
+}
+
+/// A dimension from before R13 cannot be made one of today's from its pairs: what it shows, its block, is placed.
+void BlockCarrier::carryPicture(const ObjectRecord& dimension, const std::u16string& block, uint32_t container,
+                                uint64_t owner)
+{
+    ObjectRecord& record = m_target.addRecord(container, "INSERT");
+    m_target.setRecordText(
+        record, m_entity.writePicture(dimension.view(), record.handle, owner, m_target.encoding().encode(block)));
+}
+
+void BlockCarrier::carrySubEntities(const std::vector<ObjectRecord*>& parts, uint32_t container, uint64_t owner)
+{
+    for (const ObjectRecord* part : parts)
+    {
+        const std::string_view kind = m_source.dxfNameOf(*part);
+        if (!isCarriedKind(kind))
+            continue;
+        ObjectRecord& record = m_target.addRecord(container, kind);
+        record.set(ObjectRecord::kSubEntity, true);
+        m_target.setRecordText(record, m_entity.write(kind, part->view(), record.handle, owner, {}, false));
+    }
+    ObjectRecord& end = m_target.addRecord(container, "SEQEND");
+    end.set(ObjectRecord::kSubEntity, true);
+    m_target.setRecordText(end, m_entity.writeSequenceEnd(end.handle, owner));
+}
+
+} // namespace
+
+Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source, bool)
+{
+    if (name == nullptr || source == nullptr || source == this || !isValidSymbolName(name))
+        return Acad::eInvalidInput;
+    const ObjectRecord* table = m_tables->table("BLOCK_RECORD");
+    if (table == nullptr)
+        return Acad::eInvalidInput;
+    if (m_blocks->record(name) != nullptr)
+        return Acad::eDuplicateRecordName;
+    if (const Acad::ErrorStatus refused = refuseWrite(*table); refused != Acad::eOk)
+        return refused;
+    const ForeignBlocks blocks{*source};
+    if (blocks.isCircular())
+        return Acad::eSelfReference;
+    const auto isKept = [&](uint32_t block)
+    {
+        const std::u16string own = nameOfBlock(*source, block);
+        return !isAnonymous(own) && m_blocks->record(own) != nullptr;
+    };
+    const std::vector<uint32_t> needed = blocks.needed(isKept);
+    for (const uint32_t block : needed)
+        if (equalNoCase(nameOfBlock(*source, block), name))
+            return Acad::eSelfReference;
+    BlockCarrier carrier{*source, *this, blocks};
+    for (const uint32_t block : blocks.all())
+        carrier.name(block);
+    // From the last to the first: a block is there before the ones that use it.
+    for (auto block = needed.rbegin(); block != needed.rend(); ++block)
+        carrier.carry(*block);
+    const AcGePoint3d base = source->header().point("$INSBASE", {});
+    blockId = AcDbObjectId{&carrier.carry(blocks.modelSpace(), name, base)};
+    return Acad::eOk;
+}
