@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 
 namespace
 {
@@ -10,9 +9,9 @@ namespace
 /// Where the pairs of a kind go: all behind the markers of `first`, but those of `laterCodes` behind `later`.
 struct Parts
 {
-    std::initializer_list<std::string_view> first;
+    std::vector<std::string_view> first;
     std::string_view later = {};
-    std::initializer_list<int> laterCodes = {};
+    std::vector<int> laterCodes = {};
 };
 
 int flagsOf(const std::vector<CarriedPair>& pairs)
