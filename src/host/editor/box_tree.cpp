@@ -21,39 +21,47 @@ void BoxTree::build()
     m_isLoose.assign(m_boxes.size(), false);
     m_nodes.clear();
     m_sorted.clear();
+    std::vector<Middle> middles;
     for (uint32_t item = 0; item < m_boxes.size(); ++item)
-        if (!m_boxes[item].isEmpty())
-            m_sorted.push_back(item);
-    if (!m_sorted.empty())
-        split(0, static_cast<uint32_t>(m_sorted.size()));
+        if (const Box2d& box = m_boxes[item]; !box.isEmpty())
+            middles.push_back({box.minX / 2 + box.maxX / 2, box.minY / 2 + box.maxY / 2, item});
+    m_sorted.reserve(middles.size());
+    if (!middles.empty())
+        split(middles);
 }
 
-void BoxTree::split(uint32_t begin, uint32_t end)
+/// Makes the node of the items and, before its box is known, the nodes below it.
+void BoxTree::split(std::span<Middle> items)
 {
     const size_t at = m_nodes.size();
     m_nodes.emplace_back();
-    Box2d box;
-    for (uint32_t i = begin; i < end; ++i)
-        box.add(m_boxes[m_sorted[i]]);
-    m_nodes[at].box = box;
-    if (end - begin <= kLeafSize)
+    if (items.size() <= kLeafSize)
     {
-        m_nodes[at].begin = begin;
-        m_nodes[at].end = end;
+        m_nodes[at].begin = static_cast<uint32_t>(m_sorted.size());
+        for (const Middle& each : items)
+        {
+            m_sorted.push_back(each.item);
+            m_nodes[at].box.add(m_boxes[each.item]);
+        }
+        m_nodes[at].end = static_cast<uint32_t>(m_sorted.size());
     }
     else
     {
-        const bool alongX = box.maxX - box.minX > box.maxY - box.minY;
-        const auto middle = [&](uint32_t item)
-        {
-            const Box2d& each = m_boxes[item];
-            return alongX ? each.minX / 2 + each.maxX / 2 : each.minY / 2 + each.maxY / 2;
-        };
-        const uint32_t half = begin + (end - begin) / 2;
-        std::nth_element(m_sorted.begin() + begin, m_sorted.begin() + half, m_sorted.begin() + end,
-                         [&](uint32_t a, uint32_t b) { return middle(a) < middle(b); });
-        split(begin, half);
-        split(half, end);
+        const auto half = items.begin() + static_cast<ptrdiff_t>(items.size() / 2);
+        Box2d spread;
+        for (const Middle& each : items)
+            spread.add(each.x, each.y);
+        if (spread.maxX - spread.minX > spread.maxY - spread.minY)
+            std::nth_element(items.begin(), half, items.end(),
+                             [](const Middle& a, const Middle& b) { return a.x < b.x; });
+        else
+            std::nth_element(items.begin(), half, items.end(),
+                             [](const Middle& a, const Middle& b) { return a.y < b.y; });
+        split(items.first(items.size() / 2));
+        const size_t second = m_nodes.size();
+        split(items.subspan(items.size() / 2));
+        m_nodes[at].box = m_nodes[at + 1].box;
+        m_nodes[at].box.add(m_nodes[second].box);
     }
     m_nodes[at].skip = static_cast<uint32_t>(m_nodes.size());
 }

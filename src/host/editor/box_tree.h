@@ -3,6 +3,7 @@
 #include "host/geometry/segment2d.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// Finds boxes of the plan by place. Items are numbers; each has one box, or none while it covers nothing. Boxes may
@@ -43,11 +44,18 @@ private:
         uint32_t skip = 0;
     };
 
+    struct Middle
+    {
+        double x;
+        double y;
+        uint32_t item;
+    };
+
     static constexpr size_t kFewest = 64;
-    static constexpr uint32_t kLeafSize = 8;
+    static constexpr size_t kLeafSize = 8;
 
     void build();
-    void split(uint32_t begin, uint32_t end);
+    void split(std::span<Middle> items);
 
     std::vector<Box2d> m_boxes;
     std::vector<bool> m_isLoose;

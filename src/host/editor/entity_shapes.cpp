@@ -205,9 +205,12 @@ AcGeExtents EntityShapes::placedBox(const InsertPlacement& reference, size_t dep
 {
     AcGeExtents box;
     const Block* drawn = block(reference.block, depth);
+    box = transformed(drawn->box, drawn->placed(reference, 0));
+    if (reference.count() == 1)
+        return box;
     const size_t lastColumn = static_cast<size_t>(reference.columns) - 1;
     const size_t lastRow = reference.count() - 1 - lastColumn;
-    for (const size_t corner : {size_t{0}, lastColumn, lastRow, lastRow + lastColumn})
+    for (const size_t corner : {lastColumn, lastRow, lastRow + lastColumn})
         box.addExtents(transformed(drawn->box, drawn->placed(reference, corner)));
     return box;
 }
@@ -230,20 +233,27 @@ AcGeExtents EntityShapes::box(ObjectRecord& entity)
 
 bool EntityShapes::meets(ObjectRecord& entity, const PlanRegion& region)
 {
-    const AcGeExtents around = box(entity);
-    if (!around.isValid() || boxInPlan(around).isApart(region.box(), 0.0))
-        return false;
-    if (region.holdsBox(boxInPlan(around)))
-        return true;
-    if (isReference(entity))
-    {
-        const InsertPlacement reference = readInsertPlacement(entity.view());
-        return placedBox(reference, 0).isValid() ? Walk{*this, region}.meets(reference)
-                                                 : region.meetsPoint(insertionPoint(reference));
-    }
+    return isReference(entity) ? referenceMeets(readInsertPlacement(entity.view()), region)
+                               : curvesMeet(entity, region);
+}
+
+bool EntityShapes::referenceMeets(const InsertPlacement& reference, const PlanRegion& region)
+{
+    const AcGeExtents around = placedBox(reference, 0);
+    if (!around.isValid())
+        return region.meetsPoint(insertionPoint(reference));
+    const Box2d box = boxInPlan(around);
+    return !box.isApart(region.box(), 0.0) && (region.holdsBox(box) || Walk{*this, region}.meets(reference));
+}
+
+bool EntityShapes::curvesMeet(ObjectRecord& entity, const PlanRegion& region)
+{
     const std::vector<CurvePath> curves = curvesOf(entity);
     if (curves.empty())
-        return region.meetsPoint(around.minPoint());
+    {
+        const AcGeExtents place = standingPlace(entity);
+        return place.isValid() && region.meetsPoint(place.minPoint());
+    }
     const auto decides = [&region](const CurvePath& curve)
     {
         const Run run = curve.flatten();

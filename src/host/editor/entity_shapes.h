@@ -44,6 +44,8 @@ private:
 
     const Block* block(std::string_view name, size_t depth);
     void load(Block& block, uint32_t container, size_t depth);
+    static bool curvesMeet(ObjectRecord& entity, const PlanRegion& region);
+    bool referenceMeets(const InsertPlacement& reference, const PlanRegion& region);
     AcGeExtents placedBox(const InsertPlacement& reference, size_t depth);
 
     AcDbDatabase& m_database;

@@ -8,7 +8,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <deque>
+#include <random>
 #include <utility>
 
 using testing::ElementsAre;
@@ -282,4 +284,31 @@ TEST(SelectionSets, ThatAreFreedOrNeverWereAnswerNothing)
 
     test.faults.noSelection = true;
     EXPECT_EQ(acedSSGet(u"X", nullptr, nullptr, nullptr, set), RTERROR);
+}
+
+TEST(SelectByPolygon, FindsAmongManyWhatAPlainLookAtEachFinds)
+{
+    std::mt19937 random{7};
+    std::uniform_real_distribution<double> place{-100, 100};
+    PlanDrawing plan;
+    plan.layer("0");
+    std::vector<AcGePoint2d> points;
+    for (int i = 0; i < 3000; ++i)
+    {
+        points.emplace_back(std::round(place(random)), std::round(place(random)));
+        plan.add(plan.surveyPoint(points.back().x, points.back().y, "DC"));
+    }
+    TestSession test;
+    test.open(plan.text());
+    for (int i = 0; i < 100; ++i)
+    {
+        const double x = std::round(place(random));
+        const double y = std::round(place(random));
+        const double width = 1 + i / 5;
+        std::vector<uint64_t> plain;
+        for (size_t at = 0; at < points.size(); ++at)
+            if (points[at].x >= x && points[at].x <= x + width && points[at].y >= y && points[at].y <= y + 2)
+                plain.push_back(at);
+        ASSERT_EQ(select(u"_CP", rectangle(x, y, x + width, y + 2)), plain);
+    }
 }
