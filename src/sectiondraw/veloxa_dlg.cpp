@@ -11,6 +11,7 @@
 #include "sectiondraw/largest_scales.h"
 #include "sectiondraw/main_window.h"
 #include "sections/database_cs.h"
+#include "settings/main_config_dlg.h"
 #include "util/dialog_help.h"
 #include "util/document_lock.h"
 #include "util/tcvn3.h"
@@ -200,8 +201,16 @@ void VeloxaDlg::OnSettings()
 {
     if (m_listSections.GetCount() == 0 || m_comboAlignment.GetCurSel() < 0)
         return;
-    if (m_comboAlignment.GetWindowText().empty())
-        AfxMessageBox(LoadText(kChooseAlignment));
+    const std::u16string name = m_comboAlignment.GetWindowText();
+    if (name.empty())
+        return AfxMessageBox(LoadText(kChooseAlignment));
+    const ItemReferenceLine* alignment = findAlignment(name);
+    g_DatabaseCS.LoadSettings();
+    MainConfigDlg settings;
+    settings.m_strAlignmentName = name;
+    settings.m_idAlignmentObject = alignment == nullptr ? AcDbObjectId::kNull : alignment->m_idAlignment;
+    settings.m_arrSectionIndices = TickedSections();
+    settings.DoModal();
 }
 
 bool VeloxaDlg::PreTranslateMessage(const UserMessage& message)

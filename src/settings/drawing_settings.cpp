@@ -14,13 +14,20 @@ std::u16string KeyOf(AcDbObjectId alignment)
     return std::u16string{u"DICTIONARY_DSS_"} + handle;
 }
 
+/// The current drawing if the alignment is one of its own, else null.
+AcDbDatabase* DrawingOf(AcDbObjectId alignment)
+{
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    return !alignment.isNull() && alignment.database() == database ? database : nullptr;
+}
+
 } // namespace
 
 std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment)
 {
     std::vector<std::u16string> lines;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    if (alignment.isNull() || database == nullptr || ProjectConfig::Read(database, KeyOf(alignment), lines) == 0)
+    AcDbDatabase* database = DrawingOf(alignment);
+    if (database == nullptr || ProjectConfig::Read(database, KeyOf(alignment), lines) == 0)
         return {};
     return lines;
 }
@@ -28,7 +35,7 @@ std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment)
 void WriteDrawingSettings(AcDbObjectId alignment, const std::vector<std::u16string>& lines)
 {
     const OpenForWrite lock;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    if (!alignment.isNull() && database != nullptr && !lines.empty())
+    AcDbDatabase* database = DrawingOf(alignment);
+    if (database != nullptr && !lines.empty())
         ProjectConfig::Write(database, KeyOf(alignment), lines);
 }

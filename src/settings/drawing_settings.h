@@ -6,6 +6,7 @@
 #include <vector>
 
 /// What a drawing keeps of the settings dialog for one of its alignments, as lines of text; saved with the drawing.
+/// Only the current drawing is read and written: an id of another one counts as null.
 
 /// The lines kept for an alignment; none when there are none, or for a null id.
 std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment);

@@ -22,7 +22,7 @@ public:
     std::u16string m_strAlignmentName;
     AcDbObjectId m_idAlignmentObject; ///< null: nothing is kept in the drawing
     /// Positions of the chosen sections in the alignment.
-    std::vector<int> m_arrSectionIndices;
+    std::vector<size_t> m_arrSectionIndices;
 
 protected:
     void OnInitDialog() override;

@@ -73,13 +73,13 @@ void TableSettingPage::OnEnterTab()
 template <class Action>
 void TableSettingPage::ForEachChosenSection(Action action) const
 {
-    std::vector<int> chosen = m_arrSectionIndices;
+    std::vector<size_t> chosen = m_arrSectionIndices;
     std::sort(chosen.begin(), chosen.end());
     for (ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
     {
         if (!equalNoCase(line.m_strName, m_strAlignmentName))
             continue;
-        int position = 0;
+        size_t position = 0;
         for (CrossSectionXdata& section : line.m_listCrossSections)
         {
             if (std::binary_search(chosen.begin(), chosen.end(), position++))

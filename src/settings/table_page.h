@@ -45,7 +45,7 @@ public:
 
     /// Whose rows the page shows: the alignments of that name, and the positions in them. Set before the page is made.
     std::u16string m_strAlignmentName;
-    std::vector<int> m_arrSectionIndices;
+    std::vector<size_t> m_arrSectionIndices;
 
     /// Builds the rows from the records; what was typed since is lost.
     void FillTable();
