@@ -38,10 +38,21 @@ function(veloxa_box NAME)
   endif()
 endfunction()
 
-# veloxa_test(NAME [LIBS target...])
-# A test program test_NAME of every .cpp below this directory, each of its tests known to ctest.
+# veloxa_program(TARGET)
+# Makes an executable a program that carries the host and loads the module: the whole host is in it, for the module file
+# beside it to find.
+function(veloxa_program TARGET)
+  target_sources(${TARGET} PRIVATE $<TARGET_OBJECTS:veloxa_host>)
+  target_include_directories(${TARGET} PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${TARGET} PRIVATE veloxa_module ${CMAKE_DL_LIBS})
+  set_target_properties(${TARGET} PROPERTIES ENABLE_EXPORTS ON BUILD_RPATH $ORIGIN)
+endfunction()
+
+# veloxa_test(NAME [MODULE] [LIBS target...])
+# A test program test_NAME of every .cpp below this directory, each of its tests known to ctest. With MODULE it is a
+# program that loads the module, so that the module's boxes are in it once; LIBS then names none of them.
 function(veloxa_test NAME)
-  cmake_parse_arguments(TEST "" "" "LIBS" ${ARGN})
+  cmake_parse_arguments(TEST "MODULE" "" "LIBS" ${ARGN})
   file(GLOB_RECURSE SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(NOT SOURCES)
     return()
@@ -49,6 +60,9 @@ function(veloxa_test NAME)
   add_executable(test_${NAME} ${SOURCES})
   target_include_directories(test_${NAME} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(test_${NAME} PRIVATE ${TEST_LIBS} GTest::gmock GTest::gtest_main)
+  if(TEST_MODULE)
+    veloxa_program(test_${NAME})
+  endif()
   target_compile_definitions(test_${NAME} PRIVATE VELOXA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                                   VELOXA_BINARY_DIR="${CMAKE_BINARY_DIR}")
   gtest_discover_tests(test_${NAME} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)

@@ -47,7 +47,7 @@ public:
     void Reset();
 
 private:
-    int Collect(ads_name set);
+    int Collect(const ads_name set);
     int Select(const char16_t* mode, const resbuf* points);
 
     ResbufPtr m_filter;

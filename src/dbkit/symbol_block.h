@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// The block that a symbol file becomes: the last level of its path without its last four characters, the ending.
+/// The block that a symbol file becomes: the last level of its path, behind either separator, without its last four
+/// characters, the ending.
 std::u16string SymbolBlockName(std::u16string_view path);
 
 /// The block definition of a symbol file in the current drawing. A block of its name that is there already is the one,

@@ -2,6 +2,7 @@
 
 #include "host/drawing/object_id.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,25 +13,28 @@ class AcDbObject;
 /// The application whose extended data carries feature codes.
 inline constexpr const char16_t* kSurveyApplication = u"SV_INFOR";
 
-/// Takes the codes of entities. They are kept in the drawing in 8-bit Vietnamese form; the reader turns them into wide
-/// text by way of a scratch file in the user's folder, which in the end holds the code read last. While that file
-/// cannot be made, codes stay as they are kept. One reader serves one run over many entities: it writes the file once,
-/// when it ends.
+/// Takes the feature codes of entities, for one run over many of them. The drawing keeps codes in 8-bit Vietnamese
+/// form; they become wide text by way of a scratch file in the user's folder, of which only two things show: it holds
+/// the last code read when the reader goes, and while it cannot be made, codes stay as the drawing keeps them.
 class SurveyInfoReader
 {
 public:
-    SurveyInfoReader();
+    SurveyInfoReader() = default;
     ~SurveyInfoReader();
     SurveyInfoReader(const SurveyInfoReader&) = delete;
     SurveyInfoReader& operator=(const SurveyInfoReader&) = delete;
 
-    /// The feature code of an open object; empty when it has none.
-    std::u16string codeOf(const AcDbObject& object);
+    /// The feature code of an object open for reading; nothing when it has none.
+    std::optional<std::u16string> codeOf(const AcDbObject& object);
 
 private:
+    bool passThroughScratch(const std::u16string& text);
+    bool write(const std::u16string& text);
+
     std::u16string m_scratchFile;
-    std::u16string m_last;
-    bool m_canWrite = false;
+    std::u16string m_written; ///< what the scratch file holds
+    std::u16string m_last;    ///< what it is to hold in the end
+    bool m_writable = false;
 };
 
 /// The feature code of an object; false, and an empty text, when it has none or cannot be opened. Locks the document

@@ -1,9 +1,11 @@
 #include "util/disk.h"
 
 #include "host/app/paths.h"
+#include "host/app/session.h"
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -36,6 +38,13 @@ private:
     int m_descriptor;
 };
 
+/// The place in a file at which the session wants an operation on it to fail; beyond every file when it does not.
+size_t refusedAt(int64_t (Faults::*operation)(const std::string&), const std::string& path)
+{
+    const int64_t at = host::Session::hasCurrent() ? (host::Session::current().faults().*operation)(path) : -1;
+    return at < 0 ? SIZE_MAX : static_cast<size_t>(at);
+}
+
 bool writeAll(int descriptor, std::string_view bytes)
 {
     while (!bytes.empty())
@@ -50,21 +59,28 @@ bool writeAll(int descriptor, std::string_view bytes)
     return true;
 }
 
+/// Writes `bytes` into a file that is known as `path`.
+bool writeAs(const std::string& path, int descriptor, std::string_view bytes)
+{
+    const size_t refused = refusedAt(&Faults::failWriteAt, path);
+    return writeAll(descriptor, bytes.substr(0, refused)) && refused >= bytes.size();
+}
+
 bool writeTo(const std::string& path, std::string_view bytes)
 {
     Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    return file.isOpen() && writeAll(file.get(), bytes) && file.close();
+    return file.isOpen() && writeAs(path, file.get(), bytes) && file.close();
 }
 
-/// Writes `bytes` to the new file `path` with the mode of `earlier`, if there is one.
-bool writeNew(const std::string& path, std::string_view bytes, const struct stat* earlier)
+/// Writes `bytes`, meant for `target`, to the new file `path` with the mode of `earlier`, if there is one.
+bool writeNew(const std::string& path, const std::string& target, std::string_view bytes, const struct stat* earlier)
 {
     Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL);
     if (!file.isOpen())
         return false;
     if (earlier != nullptr)
         (void)::fchmod(file.get(), earlier->st_mode & 07777);
-    const bool complete = writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
+    const bool complete = writeAs(target, file.get(), bytes) && ::fsync(file.get()) == 0;
     return file.close() && complete;
 }
 
@@ -80,13 +96,17 @@ std::string resolveLinks(const std::string& path)
 
 std::optional<std::string> ReadWholeFile(std::u16string_view path)
 {
-    const Descriptor file(nativePath(path), O_RDONLY);
+    const std::string native = nativePath(path);
+    const Descriptor file(native, O_RDONLY);
     if (!file.isOpen())
         return std::nullopt;
+    const size_t refused = refusedAt(&Faults::failReadAt, native);
     std::string bytes;
     std::array<char, 65536> buffer;
     for (;;)
     {
+        if (bytes.size() >= refused)
+            return std::nullopt;
         const ssize_t count = ::read(file.get(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR)
             continue;
@@ -116,7 +136,7 @@ bool ReplaceFile(std::u16string_view path, std::string_view bytes)
         return false;
 
     const std::string fresh = target + "." + std::to_string(::getpid()) + ".new";
-    if (writeNew(fresh, bytes, exists ? &earlier : nullptr) && ::rename(fresh.c_str(), target.c_str()) == 0)
+    if (writeNew(fresh, target, bytes, exists ? &earlier : nullptr) && ::rename(fresh.c_str(), target.c_str()) == 0)
         return true;
     ::unlink(fresh.c_str());
     return false;

@@ -12,23 +12,22 @@ namespace
 constexpr mode_t kFolderMode = 0777;
 const std::u16string kModuleData = u"\\PLX\\Kavendo";
 
+std::u16string withLastLevel(std::u16string folder)
+{
+    (void)::mkdir(nativePath(folder).c_str(), kFolderMode);
+    return folder;
+}
+
 } // namespace
 
 std::u16string ModuleFolder;
 
 std::u16string UserDataFolder()
 {
-    if (const auto folder = dataFolderOverride())
-    {
-        (void)::mkdir(nativePath(*folder).c_str(), kFolderMode);
-        return *folder;
-    }
+    if (const auto given = dataFolderOverride())
+        return withLastLevel(*given);
     if (const auto roaming = roamingFolder())
-    {
-        std::u16string folder = *roaming + kModuleData;
-        (void)::mkdir(nativePath(folder).c_str(), kFolderMode);
-        return folder;
-    }
+        return withLastLevel(*roaming + kModuleData);
     const char* fallback = std::getenv("AppData");
     return toUtf16(fallback != nullptr ? fallback : "") + kModuleData;
 }

@@ -45,8 +45,12 @@ void cutLineEnd(std::u16string& line)
 
 std::vector<std::u16string> ReadTextLines(std::u16string_view path)
 {
+    return DecodeTextLines(ReadWholeFile(path).value_or(std::string{}));
+}
+
+std::vector<std::u16string> DecodeTextLines(std::string bytes)
+{
     std::vector<std::u16string> lines;
-    std::string bytes = ReadWholeFile(path).value_or(std::string{});
     joinLineEnds(bytes);
     for (std::string_view rest = bytes; !rest.empty();)
     {

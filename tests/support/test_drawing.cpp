@@ -180,11 +180,11 @@ void TestDrawing::vertex(TagWriter& out, const std::string& marker, const AcGePo
     out.integer(70, flags);
 }
 
-uint64_t TestDrawing::feature2d(const std::string& code, const std::vector<AcGePoint2d>& points)
+uint64_t TestDrawing::feature2d(const std::string& code, const std::vector<AcGePoint2d>& points, bool closed)
 {
     const uint64_t handle = takeHandle();
     TagWriter out;
-    polylineHead(out, "POLYLINE", handle, "AcDb2dPolyline", 0);
+    polylineHead(out, "POLYLINE", handle, "AcDb2dPolyline", closed ? 1 : 0);
     if (!code.empty())
         out.raw(pairsOf({{1001, "SV_INFOR"}, {1002, "{"}, {1000, encoded(code)}, {1002, "}"}}));
     for (const AcGePoint2d& p : points)
@@ -193,11 +193,11 @@ uint64_t TestDrawing::feature2d(const std::string& code, const std::vector<AcGeP
     return finish(out, handle);
 }
 
-uint64_t TestDrawing::feature3d(const std::string& code, const std::vector<AcGePoint3d>& points)
+uint64_t TestDrawing::feature3d(const std::string& code, const std::vector<AcGePoint3d>& points, bool closed)
 {
     const uint64_t handle = takeHandle();
     TagWriter out;
-    polylineHead(out, "POLYLINE", handle, "AcDb3dPolyline", 8);
+    polylineHead(out, "POLYLINE", handle, "AcDb3dPolyline", closed ? 9 : 8);
     if (!code.empty())
         out.raw(pairsOf({{1001, "SV_INFOR"}, {1002, "{"}, {1000, encoded(code)}, {1002, "}"}}));
     for (const AcGePoint3d& p : points)

@@ -90,8 +90,8 @@ public:
     /// A lightweight polyline with a feature code (extended data of SV_INFOR); without one for an empty code.
     uint64_t feature(const std::string& code, const std::vector<AcGePoint2d>& points, bool closed = false);
     /// The same as an old-style 2-D polyline, and as a 3-D one.
-    uint64_t feature2d(const std::string& code, const std::vector<AcGePoint2d>& points);
-    uint64_t feature3d(const std::string& code, const std::vector<AcGePoint3d>& points);
+    uint64_t feature2d(const std::string& code, const std::vector<AcGePoint2d>& points, bool closed = false);
+    uint64_t feature3d(const std::string& code, const std::vector<AcGePoint3d>& points, bool closed = false);
     /// A measured survey point with its feature code in field 1.
     uint64_t point(const std::string& code, const AcGePoint3d& position);
     uint64_t line(const AcGePoint3d& from, const AcGePoint3d& to);

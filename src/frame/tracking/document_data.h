@@ -1,28 +1,24 @@
 #pragma once
 
-#include "host/app/document.h"
+#include "frame/tracking/reactors.h"
 
 #include <memory>
 #include <vector>
 
-class ArxDbReactor;
-
 /// What the module keeps of one open document.
 struct CDocData
 {
-    ~CDocData();
-
-    ArxDbReactor* m_reactor = nullptr; ///< owned; on the document's database, or none
+    std::unique_ptr<ArxDbReactor> m_reactor; ///< on the document's database; a new one takes the place of an earlier
 };
 
 /// One record per open document, made when it is first asked for and deleted before the document goes. Hears of that
-/// as a reactor of the document manager, from construction to destruction.
+/// as a reactor of the document manager for as long as it lives.
 template <class Data>
 class AsdkDataManager : public AcApDocManagerReactor
 {
 public:
-    AsdkDataManager() { acDocManagerPtr()->addReactor(this); }
-    ~AsdkDataManager() override { acDocManagerPtr()->removeReactor(this); }
+    AsdkDataManager() : m_manager(acDocManagerPtr()) { m_manager->addReactor(this); }
+    ~AsdkDataManager() override { m_manager->removeReactor(this); }
     AsdkDataManager(const AsdkDataManager&) = delete;
     AsdkDataManager& operator=(const AsdkDataManager&) = delete;
 
@@ -42,7 +38,6 @@ public:
     }
 
     size_t size() const { return m_entries.size(); }
-    void clear() { m_entries.clear(); }
 
     /// While false, a newly opened drawing gets no reactor.
     bool isTracking() const { return m_tracking; }
@@ -55,6 +50,7 @@ private:
         std::unique_ptr<Data> data;
     };
 
+    AcApDocManager* m_manager;
     std::vector<Entry> m_entries;
     bool m_tracking = true;
 };

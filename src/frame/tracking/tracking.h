@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 /// The module's tracking of open documents: a database reactor for each, from `StartTracking` to `StopTracking`. There
 /// is at most one at a time; stopping what does not run does nothing.
 
@@ -10,7 +12,7 @@ void StartTracking();
 void StopTracking();
 
 /// How many documents are tracked.
-int TrackedDocuments();
+size_t TrackedDocuments();
 
 /// While it lives, databases that come up are not tracked; for work on a database beside the drawing.
 class TrackingPause

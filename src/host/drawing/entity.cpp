@@ -208,18 +208,20 @@ Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* other, AcDb::Inter
         return Acad::eNullObjectPointer;
     if (type != AcDb::kOnBothOperands)
         return Acad::eNotImplementedYet;
-    const IndexedPath* own = path();
+    const CurvePath* own = shape();
     const CurvePath* others = other->shape();
     if (own == nullptr || others == nullptr)
-        intersectAll(curves(), other->curves(), points);
-    else if (points.empty())
-        own->intersect(*others, points);
-    else
     {
-        AcGePoint3dArray met;
-        own->intersect(*others, met);
-        points.insert(points.end(), met.begin(), met.end());
+        intersectAll(curves(), other->curves(), points);
+        return Acad::eOk;
     }
+    AcGePoint3dArray met;
+    AcGePoint3dArray& found = points.empty() ? points : met;
+    if (const IndexedPath* indexed = path())
+        indexed->intersect(*others, found);
+    else
+        intersect(*own, *others, found);
+    points.insert(points.end(), met.begin(), met.end());
     return Acad::eOk;
 }
 

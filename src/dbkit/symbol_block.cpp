@@ -1,0 +1,44 @@
+#include "dbkit/symbol_block.h"
+
+#include "dbkit/symbol_tables.h"
+#include "frame/tracking/tracking.h"
+#include "host/app/host_services.h"
+#include "host/drawing/database.h"
+#include "util/fields.h"
+
+namespace
+{
+
+constexpr size_t kEndingLength = 4;
+
+} // namespace
+
+std::u16string SymbolBlockName(std::u16string_view path)
+{
+    const std::vector<std::u16string> levels = SplitFields(path, u'\\', EmptyFields::kSkip);
+    if (levels.empty())
+        return {};
+    std::u16string name = levels.back();
+    if (const size_t slash = name.rfind(u'/'); slash != std::u16string::npos)
+        name.erase(0, slash + 1);
+    name.resize(name.size() - std::min(name.size(), kEndingLength));
+    return name;
+}
+
+std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path)
+{
+    const std::u16string name = SymbolBlockName(path);
+    AcDbObjectId id = GetSymbolId(name, SymbolTable::kBlocks);
+    if (!id.isNull())
+        return id;
+    AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr)
+        return std::nullopt;
+
+    const TrackingPause pause;
+    AcDbDatabase symbol(false, false);
+    if (symbol.readDwgFile(path.c_str(), kForReadAndReadShare) != Acad::eOk ||
+        drawing->insert(id, name.c_str(), &symbol, true) != Acad::eOk)
+        return std::nullopt;
+    return id;
+}

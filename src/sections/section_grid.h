@@ -1,0 +1,82 @@
+#pragma once
+
+#include "host/geometry/segment2d.h"
+
+#include <bit>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+/// The line in the plan on which a section looks for features.
+struct SearchLine
+{
+    AcGePoint2d from;
+    AcGePoint2d to;
+};
+
+/// Search lines by the place they pass: a table of square cells, each with the lines that pass it. The table stands for
+/// the whole plan: beyond its last cell it begins again, so that no place is outside and no line makes it grow. Knows
+/// lines by their index; a line with a coordinate that can be met by nothing is in no cell. Plain memory, made once.
+class SectionGrid
+{
+public:
+    explicit SectionGrid(std::span<const SearchLine> lines);
+
+    /// Calls `visit(line)` for every line that comes within `gap` of the box, and for others; for a line more than
+    /// once when the box covers several cells. The magnitude of the box must be below `reach()`, and it should cover
+    /// few cells.
+    template <class Visit>
+    void visitNear(const Box2d& box, double gap, Visit visit) const
+    {
+        const Cells cells = cellsOf(box, gap);
+        for (uint64_t y = cells.minY; y <= cells.maxY; ++y)
+            for (uint64_t x = cells.minX; x <= cells.maxX; ++x)
+                visitCell(indexOf(x, y), visit);
+        for (const uint32_t line : m_everywhere)
+            visit(line);
+    }
+
+    /// Whether `visitNear` has nothing to visit. May answer false for a box that covers many cells.
+    bool isEmptyNear(const Box2d& box, double gap) const;
+
+    double cellSize() const { return 1.0 / m_cellsPerUnit; }
+    /// Below this coordinate cells can be told apart.
+    double reach() const { return kMostCells / m_cellsPerUnit; }
+
+private:
+    struct Cells
+    {
+        uint64_t minX, minY, maxX, maxY;
+        uint64_t count() const { return (maxX - minX + 1) * (maxY - minY + 1); }
+    };
+
+    static constexpr double kMostCells = 0x1p50;
+
+    /// The number of the cell of a coordinate, up to a constant: the nearest integer, as the low bits of a sum so large
+    /// that it has no fraction.
+    uint64_t cellOf(double coordinate) const { return std::bit_cast<uint64_t>(coordinate * m_cellsPerUnit + 0x1.8p52); }
+    Cells cellsOf(const Box2d& box, double gap) const
+    {
+        return {cellOf(box.minX - gap), cellOf(box.minY - gap), cellOf(box.maxX + gap), cellOf(box.maxY + gap)};
+    }
+    size_t indexOf(uint64_t x, uint64_t y) const { return ((y & m_mask) << m_bits) | (x & m_mask); }
+
+    template <class Visit>
+    void visitCell(size_t cell, Visit visit) const
+    {
+        for (uint32_t at = m_starts[cell]; at != m_starts[cell + 1]; ++at)
+            visit(m_lines[at]);
+    }
+
+    void chooseCells(std::span<const SearchLine> lines);
+    template <class Visit>
+    void walk(const SearchLine& line, Visit visit) const;
+    bool isWalkable(const SearchLine& line) const;
+
+    double m_cellsPerUnit = 1.0;
+    unsigned m_bits = 0;
+    uint64_t m_mask = 0;
+    std::vector<uint32_t> m_starts; ///< of each cell in `m_lines`, and the end
+    std::vector<uint32_t> m_lines;
+    std::vector<uint32_t> m_everywhere; ///< lines too long or too far out for cells
+};
