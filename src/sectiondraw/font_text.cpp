@@ -1,15 +1,11 @@
 #include "sectiondraw/font_text.h"
 
-#include "util/disk.h"
-#include "util/folders.h"
 #include "util/tcvn3.h"
 
 #include <optional>
 
 namespace
 {
-
-constexpr const char16_t* kScratchFile = u"\\temp.temp";
 
 /// Takes the next line off `bytes`, without its end (LF or CR LF).
 std::string_view takeLine(std::string_view& bytes)
@@ -49,24 +45,10 @@ std::u16string oneCodeEach(std::string_view bytes)
 
 } // namespace
 
-FontText::~FontText()
-{
-    if (m_scratch == Scratch::kMade && !m_isLastWritten)
-        WriteInPlace(m_path, m_last);
-}
-
 std::u16string FontText::convert(std::u16string_view text)
 {
-    m_last = EncodeText(text);
-    m_last += '\n';
-    m_isLastWritten = false;
-    if (m_scratch == Scratch::kUntried)
-    {
-        m_path = UserDataFolder() + kScratchFile;
-        m_isLastWritten = WriteInPlace(m_path, m_last);
-        m_scratch = m_isLastWritten ? Scratch::kMade : Scratch::kRefused;
-    }
-    const auto line = m_scratch == Scratch::kMade ? onlyLine(m_last) : std::nullopt;
+    const std::string bytes = EncodeText(text) + '\n';
+    const auto line = m_scratch.pass(bytes) ? onlyLine(bytes) : std::nullopt;
     return line ? oneCodeEach(*line) : std::u16string{text};
 }
 

@@ -11,6 +11,7 @@
 #include "sectiondraw/largest_scales.h"
 #include "sectiondraw/main_window.h"
 #include "sections/database_cs.h"
+#include "sections/ownership.h"
 #include "settings/main_config_dlg.h"
 #include "util/dialog_help.h"
 #include "util/document_lock.h"
@@ -33,9 +34,11 @@ constexpr const char16_t* kZoomExtents = u"Zoom e\n";
 constexpr int kAllTicked = 0;
 constexpr int kNoneTicked = 1;
 
-bool isOfCurrentDrawing(AcDbObjectId id)
+/// The style of the labels; the one that the settings keep may be none, or another drawing's.
+AcDbObjectId labelStyle(AcDbObjectId kept)
 {
-    return !id.isNull() && id.database() == acdbHostApplicationServices()->workingDatabase();
+    const bool usable = !kept.isNull() && kept.database() == acdbHostApplicationServices()->workingDatabase();
+    return usable ? kept : GetTextStyleId(kLabelTextStyle);
 }
 
 /// The alignments of the current drawing among those that were scanned.
@@ -43,7 +46,7 @@ std::vector<ItemReferenceLine*> currentAlignments()
 {
     std::vector<ItemReferenceLine*> current;
     for (ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
-        if (isOfCurrentDrawing(line.m_idAlignment))
+        if (BelongsToDrawing(line))
             current.push_back(&line);
     return current;
 }
@@ -61,10 +64,9 @@ ItemReferenceLine* findAlignment(const std::u16string& name)
 std::unique_ptr<VeloxaDlg> g_pVeloxaDlg;
 
 VeloxaDlg::VeloxaDlg(CWnd* parent)
-    : CDialog(*FindDialogTemplate(kSectionsDialog), parent), m_documents(acDocManagerPtr()),
-      m_comboAlignment(control<CComboBox>(kAlignments)), m_btnSettings(control<CButton>(kSettings)),
-      m_btnDeselect(control<CButton>(kDeselect)), m_btnSelectAll(control<CButton>(kSelectAll)),
-      m_listSections(control<CCheckListBox>(kSections))
+    : CDialog(*FindDialogTemplate(kSectionsDialog), parent), m_comboAlignment(control<CComboBox>(kAlignments)),
+      m_btnSettings(control<CButton>(kSettings)), m_btnDeselect(control<CButton>(kDeselect)),
+      m_btnSelectAll(control<CButton>(kSelectAll)), m_listSections(control<CCheckListBox>(kSections))
 {
     onMessage(kAlignments, Notification::kSelectionChanged, &VeloxaDlg::OnAlignmentChanged);
     onMessage(kSelectAll, Notification::kClicked, &VeloxaDlg::OnSelectAll);
@@ -72,22 +74,6 @@ VeloxaDlg::VeloxaDlg(CWnd* parent)
     onMessage(kDraw, Notification::kClicked, &VeloxaDlg::OnDraw);
     onMessage(kUndo, Notification::kClicked, &VeloxaDlg::OnUndo);
     onMessage(kSettings, Notification::kClicked, &VeloxaDlg::OnSettings);
-    m_documents->addReactor(this);
-}
-
-VeloxaDlg::~VeloxaDlg()
-{
-    m_documents->removeReactor(this);
-}
-
-void VeloxaDlg::documentToBeDestroyed(AcApDocument* document)
-{
-    const auto dies = [document](AcDbObjectId id) { return !id.isNull() && id.database() == document->database(); };
-    ListItemReferenceLine& lines = g_DatabaseCS.m_listReferenceLines;
-    if (!lines.empty() && dies(lines[0].m_idAlignment))
-        lines.clear();
-    if (dies(g_DatabaseCS.m_idTextStyle))
-        g_DatabaseCS.m_idTextStyle = AcDbObjectId::kNull;
 }
 
 void VeloxaDlg::OnInitDialog()
@@ -186,8 +172,7 @@ void VeloxaDlg::OnDraw()
     ActOnAlignment(
         [this](ItemReferenceLine& alignment)
         {
-            if (!isOfCurrentDrawing(g_DatabaseCS.m_idTextStyle))
-                g_DatabaseCS.m_idTextStyle = GetTextStyleId(kLabelTextStyle);
+            g_DatabaseCS.m_idTextStyle = labelStyle(g_DatabaseCS.m_idTextStyle);
             return DrawSections(alignment, TickedSections(), MakeDrawStyle(g_DatabaseCS));
         });
 }

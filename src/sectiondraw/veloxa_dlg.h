@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/app/document.h"
 #include "host/ui/dialog.h"
 #include "sections/records.h"
 
@@ -10,12 +9,11 @@
 /// Draws features onto the cross-sections: the user chooses an alignment and ticks sections of it, then draws, erases
 /// or opens the settings. Modeless: it stays open beside the drawing, and shows what the last scan found for as long as
 /// it is open. Works on `g_DatabaseCS`; takes the document lock for whatever changes the drawing. Alignments count only
-/// while their drawing is the current one; when that drawing is closed, the scan's result is forgotten.
-class VeloxaDlg : public CDialog, private AcApDocManagerReactor
+/// while their drawing is the current one.
+class VeloxaDlg : public CDialog
 {
 public:
     explicit VeloxaDlg(CWnd* parent);
-    ~VeloxaDlg() override;
 
     std::string_view className() const override { return "VeloxaDlg"; }
 
@@ -25,8 +23,6 @@ protected:
     bool PreTranslateMessage(const UserMessage& message) override;
 
 private:
-    void documentToBeDestroyed(AcApDocument* document) override;
-
     void OnAlignmentChanged();
     void OnSelectAll();
     void OnDeselect();
@@ -41,7 +37,6 @@ private:
     std::vector<size_t> TickedSections() const;
     void StoreChoices();
 
-    AcApDocManager* m_documents;
     CComboBox& m_comboAlignment;
     CButton& m_btnSettings;
     CButton& m_btnDeselect;
