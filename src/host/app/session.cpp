@@ -151,7 +151,7 @@ void Session::saveCurrent(const std::u16string& path)
 std::string Session::symbolFile(std::u16string_view path) const
 {
     namespace fs = std::filesystem;
-    const std::string own = nativePath(path);
+    std::string own = nativePath(path);
     std::error_code ignored;
     if (fs::is_regular_file(own, ignored))
         return own;

@@ -8,6 +8,7 @@
 #include "host/text.h"
 
 #include <algorithm>
+#include <bit>
 #include <optional>
 #include <unordered_map>
 
@@ -185,7 +186,7 @@ int acedSSName(const ads_name set, int32_t index, ads_name entity)
     const AcDbObjectIdArray* ids = find(set);
     if (ids == nullptr || index < 0 || static_cast<size_t>(index) >= ids->size())
         return RTERROR;
-    entity[0] = static_cast<int64_t>(reinterpret_cast<intptr_t>((*ids)[static_cast<size_t>(index)].record()));
+    entity[0] = std::bit_cast<int64_t>((*ids)[static_cast<size_t>(index)].record());
     entity[1] = 0;
     return RTNORM;
 }
@@ -202,6 +203,6 @@ Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name entity)
 {
     if (entity[0] == 0)
         return Acad::eInvalidInput;
-    id = AcDbObjectId{reinterpret_cast<ObjectRecord*>(static_cast<intptr_t>(entity[0]))};
+    id = AcDbObjectId{std::bit_cast<ObjectRecord*>(entity[0])};
     return Acad::eOk;
 }
