@@ -121,12 +121,12 @@ AcGeExtents View::shown()
     return frame.window ? *frame.window : fitted(drawingExtents(m_database), m_aspect);
 }
 
-void View::zoomTo(Frame frame)
+void View::zoomTo(const Frame& frame)
 {
     m_previous.push_back(current());
     if (m_previous.size() > kMostPrevious)
         m_previous.erase(m_previous.begin());
-    m_current = std::move(frame);
+    m_current = frame;
 }
 
 void View::zoomExtents()

@@ -34,7 +34,7 @@ private:
     };
 
     Frame& current();
-    void zoomTo(Frame frame);
+    void zoomTo(const Frame& frame);
 
     AcDbDatabase& m_database;
     std::vector<Frame> m_previous;

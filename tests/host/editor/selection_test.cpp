@@ -304,7 +304,7 @@ TEST(SelectByPolygon, FindsAmongManyWhatAPlainLookAtEachFinds)
     {
         const double x = std::round(place(random));
         const double y = std::round(place(random));
-        const double width = 1 + i / 5;
+        const double width = 1.0 + i * 0.2;
         std::vector<uint64_t> plain;
         for (size_t at = 0; at < points.size(); ++at)
             if (points[at].x >= x && points[at].x <= x + width && points[at].y >= y && points[at].y <= y + 2)
