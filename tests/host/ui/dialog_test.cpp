@@ -1,7 +1,7 @@
 #include "host/text.h"
 #include "host/ui/dialog.h"
-#include "support/dialog_session.h"
 #include "host/ui/tab_ctrl.h"
+#include "support/test_session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -108,7 +108,7 @@ private:
 class Dialogs : public testing::Test
 {
 protected:
-    DialogSession m_session;
+    TestSession m_session;
     MemoryFrontEnd& m_frontEnd = m_session.frontEnd;
 };
 

@@ -1,5 +1,5 @@
 #include "host/ui/dialog.h"
-#include "support/dialog_session.h"
+#include "support/test_session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ class Grid : public testing::Test
 protected:
     void SetUp() override { m_dialog.Create(); }
 
-    DialogSession m_session;
+    TestSession m_session;
     MemoryFrontEnd& m_frontEnd = m_session.frontEnd;
     GridDialog m_dialog;
     CGridCtrl& m_grid = m_dialog.m_grid;
