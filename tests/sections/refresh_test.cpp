@@ -1,0 +1,125 @@
+#include "sections/refresh.h"
+
+#include "host/drawing/block_reference.h"
+#include "host/drawing/database.h"
+#include "host/editor/command.h"
+#include "sections/database_cs.h"
+#include "sections/scan.h"
+#include "support/test_drawing.h"
+#include "support/test_session.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+
+class Refresh : public testing::Test
+{
+protected:
+    Refresh() { g_DatabaseCS = DatabaseCS{}; }
+    ~Refresh() override { g_DatabaseCS = DatabaseCS{}; }
+
+    /// Sections square to the x axis at 0 and 100, end A above it, 20 to each side.
+    void open()
+    {
+        drawing.alignment("T1").extents(20, 20).section("C1", {0, 20}, {0, -20});
+        session.open(drawing.dxf());
+        ScanCrossSections(g_DatabaseCS);
+        acedCommandS({u"Zoom", u"e"});
+    }
+    CrossSectionXdata& section() { return g_DatabaseCS.m_listReferenceLines[0].m_listCrossSections[0]; }
+    std::vector<std::string> rows()
+    {
+        std::vector<std::string> lines;
+        for (const BlockData& row : section().m_listBlockData1)
+            lines.push_back(toUtf8(row.m_strName) + " " + std::to_string(static_cast<int>(row.m_dOffset1)));
+        return lines;
+    }
+
+    TestSession session;
+    TestDrawing drawing;
+};
+
+} // namespace
+
+TEST_F(Refresh, CodedObjectsInTheBandBecomeRowsInTheDrawingsOrder)
+{
+    drawing.beginBlock("TREE").line({0, 0, 0}, {0, 1, 0});
+    drawing.endBlock();
+    drawing.point("TOWARDS A", {2, 3, 50});
+    drawing.insert("TREE", {-2, -7, 0}, "CAY");
+    drawing.insert("TREE", {0, 5, 0});
+    drawing.point("", {0, 6, 0});
+    drawing.feature("LINE", {{-1, 8}, {1, 8}});
+    drawing.point("AT M", {3, 0, 0});
+    drawing.point("AHEAD", {-4.9, -1, 0});
+    drawing.point("BEHIND", {1.9, -2, 0});
+    drawing.point("TOO FAR AHEAD", {-5.1, -1, 0});
+    drawing.point("TOO FAR BEHIND", {3.1, -2, 0});
+    drawing.point("BEYOND", {0, 20.5, 0});
+    open();
+    g_DatabaseCS.m_dSymbolScaleX = 2;
+    g_DatabaseCS.m_dSymbolScaleY = 3;
+    g_DatabaseCS.m_dSymbolRotate = 0.5;
+
+    RefreshSection(section(), 5, 3);
+
+    EXPECT_THAT(rows(), ElementsAre("TOWARDS A -3", "CAY 7", "AHEAD 1", "BEHIND 2"));
+    const BlockData& first = section().m_listBlockData1[0];
+    EXPECT_EQ(first.m_dScaleX, 2);
+    EXPECT_EQ(first.m_dScaleY, 3);
+    EXPECT_EQ(first.m_dRotation, 0.5);
+    EXPECT_EQ(first.m_dOffset2, 0);
+    EXPECT_TRUE(first.m_strFile.empty());
+}
+
+TEST_F(Refresh, RowsOfObjectsThatAreStillThereStayAsTheyAre)
+{
+    const uint64_t kept = drawing.point("KEPT", {0, 3, 0});
+    drawing.point("GONE", {4, 3, 0});
+    open();
+    RefreshSection(section(), 5, 5);
+    ASSERT_THAT(rows(), ElementsAre("KEPT -3", "GONE -3"));
+    BlockData& row = section().m_listBlockData1[0];
+    row.m_strFile = u"C:\\Cay.dwg";
+    row.m_dScaleX = 7;
+    row.m_dOffset1 = -11;
+    row.m_strName = u"RENAMED";
+
+    RefreshSection(section(), 3, 3);
+
+    ASSERT_THAT(rows(), ElementsAre("RENAMED -11"));
+    EXPECT_EQ(section().m_listBlockData1[0].m_strFile, u"C:\\Cay.dwg");
+    EXPECT_EQ(section().m_listBlockData1[0].m_dScaleX, 7);
+    EXPECT_EQ(section().m_listBlockData1[0].m_idBlock.handle().value(), kept);
+
+    section().m_listBlockData1[0].m_dOffset1 = 0;
+    RefreshSection(section(), 3, 3);
+    EXPECT_THAT(rows(), IsEmpty());
+}
+
+TEST_F(Refresh, SeesOnlyWhatTheViewShows)
+{
+    drawing.point("SHOWN", {0, 3, 0});
+    drawing.point("HIDDEN", {0, -3, 0});
+    open();
+    acedCommandS({u"Zoom", u"-9,1", u"9,9"});
+    RefreshSection(section(), 5, 5);
+    EXPECT_THAT(rows(), ElementsAre("SHOWN -3"));
+}
+
+TEST_F(Refresh, AllSectionsMeansThoseOfTheCurrentDrawing)
+{
+    drawing.point("P", {0, 3, 0});
+    open();
+    g_DatabaseCS.m_dForwardDistance = 1;
+    RefreshAllSections(g_DatabaseCS);
+    EXPECT_THAT(rows(), ElementsAre("P -3"));
+
+    session.open(TestDrawing{}.dxf());
+    RefreshAllSections(g_DatabaseCS);
+    EXPECT_THAT(rows(), ElementsAre("P -3"));
+}
