@@ -27,10 +27,11 @@ public:
 
     /// The host's main window; null when there is none (then modeless dialogs cannot be shown).
     virtual CWnd* mainWindow() = 0;
-    /// A modeless dialog was created, hidden, shown again, or is about to be destroyed.
+    /// A modeless dialog was opened.
     virtual void shown(CDialog& dialog) = 0;
+    /// It was ended or destroyed: nothing may be kept of it. The object may be half gone; only its address counts.
     virtual void gone(CDialog& dialog) = 0;
-    /// Shows a modal dialog until its `EndDialog` was called; answers its result.
+    /// Shows a modal dialog until it is no longer open (its end is a change of the dialog); answers its result.
     virtual int runModal(CDialog& dialog) = 0;
     /// The state of a control (or the dialog itself) changed; a window redraws it. Called often; must be cheap.
     virtual void changed(CWnd& control) = 0;
