@@ -23,6 +23,7 @@ std::string pairsOf(const std::vector<std::pair<int, std::string>>& values)
 TestSection& TestSection::ground(const std::vector<AcGePoint2d>& line)
 {
     std::vector<AcGePoint2d> points;
+    points.reserve(line.size());
     for (const AcGePoint2d& p : line)
         points.emplace_back(m_base.x + m_factor * p.x, m_base.y + p.y);
     m_ground = m_drawing->feature({}, points);

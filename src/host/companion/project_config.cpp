@@ -48,10 +48,10 @@ AcDbObjectId putNew(AcDbObjectId dictionary, const std::u16string& name, const F
 ResbufPtr chainOf(const std::vector<std::u16string>& lines)
 {
     ResbufPtr head;
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line)
+    for (size_t i = lines.size(); i-- > 0;)
     {
         resbuf* node = acutNewRb(kLine);
-        node->resval.rstring = acutNewString(line->c_str());
+        node->resval.rstring = acutNewString(lines[i].c_str());
         node->rbnext = head.release();
         head.reset(node);
     }

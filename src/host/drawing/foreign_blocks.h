@@ -27,13 +27,14 @@ public:
         std::unordered_map<uint32_t, bool> wanted{{m_modelSpace, true}};
         std::vector<uint32_t> blocks;
         // Behind every block stand the ones that use it, so from the end each is reached after its users.
-        for (auto block = m_order.rbegin(); block != m_order.rend(); ++block)
+        for (size_t i = m_order.size(); i-- > 0;)
         {
-            if (!wanted[*block] || (*block != m_modelSpace && isKept(*block)))
+            const uint32_t block = m_order[i];
+            if (!wanted[block] || (block != m_modelSpace && isKept(block)))
                 continue;
-            if (*block != m_modelSpace)
-                blocks.push_back(*block);
-            for (const uint32_t used : m_uses.at(*block))
+            if (block != m_modelSpace)
+                blocks.push_back(block);
+            for (const uint32_t used : m_uses.at(block))
                 wanted[used] = true;
         }
         return blocks;

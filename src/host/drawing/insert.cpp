@@ -180,8 +180,8 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char16_t* na
     for (const uint32_t block : blocks.all())
         carrier.name(block);
     // From the last to the first: a block is there before the ones that use it.
-    for (auto block = needed.rbegin(); block != needed.rend(); ++block)
-        carrier.carry(*block);
+    for (size_t i = needed.size(); i-- > 0;)
+        carrier.carry(needed[i]);
     const AcGePoint3d base = source->header().point("$INSBASE", {});
     blockId = AcDbObjectId{&carrier.carry(blocks.modelSpace(), name, base)};
     return Acad::eOk;

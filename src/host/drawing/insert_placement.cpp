@@ -19,7 +19,8 @@ int countOf(const Tag& tag)
 AcGeMatrix3d InsertPlacement::toWorld(size_t index) const
 {
     const auto column = static_cast<double>(index % static_cast<size_t>(columns));
-    const auto row = static_cast<double>(index / static_cast<size_t>(columns));
+    const size_t rowIndex = index / static_cast<size_t>(columns);
+    const auto row = static_cast<double>(rowIndex);
     const AcGeVector3d step{column * columnSpacing, row * rowSpacing, 0.0};
     return AcGeMatrix3d::planeToWorld(normal) * AcGeMatrix3d::translation(position.asVector()) *
            AcGeMatrix3d::rotation(rotation) * AcGeMatrix3d::translation(step) *

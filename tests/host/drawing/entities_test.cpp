@@ -106,6 +106,7 @@ TEST_F(Entities, EveryKindCoversWhatItDraws)
          {-4, 1, 0}}};
     TestDrawing text;
     std::vector<uint64_t> handles;
+    handles.reserve(cases.size());
     for (const Drawn& drawn : cases)
         handles.push_back(text.entity(drawn.kind, drawn.pairs));
     open(text);
