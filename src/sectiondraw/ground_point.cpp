@@ -27,7 +27,8 @@ std::optional<AcGePoint3d> FindGroundPoint(const CrossSectionXdata& section, dou
     AcDbPolyline probe(2);
     probe.addVertexAt(0, base, kStraight, kDefaultWidth, kDefaultWidth);
     probe.addVertexAt(1, {base.x, base.y + kProbeLength}, kStraight, kDefaultWidth, kDefaultWidth);
-    AcGePoint3dArray met;
+    static AcGePoint3dArray met; // keeps its room: a drawing probes once for every row and more
+    met.clear();
     ground->intersectWith(&probe, AcDb::kOnBothOperands, met);
     return met.empty() ? std::nullopt : std::optional(met.front());
 }

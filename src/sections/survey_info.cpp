@@ -2,9 +2,7 @@
 
 #include "dbkit/filter_objects.h"
 #include "host/companion/alignment.h"
-#include "util/disk.h"
 #include "util/document_lock.h"
-#include "util/folders.h"
 #include "util/tcvn3.h"
 #include "util/text_lines.h"
 
@@ -13,7 +11,6 @@
 namespace
 {
 
-constexpr const char16_t* kScratchFile = u"\\temp.temp";
 constexpr char16_t kLastByte = 0xFF;
 
 /// The code as the drawing keeps it: the third item of its extended data.
@@ -50,39 +47,15 @@ std::string lineOf(const std::u16string& text)
 
 } // namespace
 
-SurveyInfoReader::~SurveyInfoReader()
-{
-    if (m_writable && m_last != m_written)
-        write(m_last);
-}
-
 std::optional<std::u16string> SurveyInfoReader::codeOf(const AcDbObject& object)
 {
     std::u16string text = storedCode(object);
     if (text.empty())
         return std::nullopt;
-    if (isWide(text) || !passThroughScratch(text) || isPlain(text))
+    if (isWide(text) || !m_scratch.pass(lineOf(text)) || isPlain(text))
         return text;
     const std::vector<std::u16string> lines = DecodeTextLines(lineOf(text));
     return lines.empty() ? text : lines.front();
-}
-
-/// False when the scratch file cannot be made. Only the first code is really written on the way.
-bool SurveyInfoReader::passThroughScratch(const std::u16string& text)
-{
-    m_last = text;
-    if (m_scratchFile.empty())
-    {
-        m_scratchFile = UserDataFolder() + kScratchFile;
-        m_writable = write(text);
-    }
-    return m_writable;
-}
-
-bool SurveyInfoReader::write(const std::u16string& text)
-{
-    m_written = text;
-    return WriteInPlace(m_scratchFile, lineOf(text));
 }
 
 bool ReadSurveyInfo(AcDbObjectId id, std::u16string& text)

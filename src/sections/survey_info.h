@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/object_id.h"
+#include "util/scratch_file.h"
 
 #include <optional>
 #include <string>
@@ -19,22 +20,11 @@ inline constexpr const char16_t* kSurveyApplication = u"SV_INFOR";
 class SurveyInfoReader
 {
 public:
-    SurveyInfoReader() = default;
-    ~SurveyInfoReader();
-    SurveyInfoReader(const SurveyInfoReader&) = delete;
-    SurveyInfoReader& operator=(const SurveyInfoReader&) = delete;
-
     /// The feature code of an object open for reading; nothing when it has none.
     std::optional<std::u16string> codeOf(const AcDbObject& object);
 
 private:
-    bool passThroughScratch(const std::u16string& text);
-    bool write(const std::u16string& text);
-
-    std::u16string m_scratchFile;
-    std::u16string m_written; ///< what the scratch file holds
-    std::u16string m_last;    ///< what it is to hold in the end
-    bool m_writable = false;
+    ScratchFile m_scratch;
 };
 
 /// The feature code of an object; false, and an empty text, when it has none or cannot be opened. Locks the document

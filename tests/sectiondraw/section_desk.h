@@ -19,6 +19,7 @@ class SectionDesk : public testing::Test
 protected:
     static constexpr int kDraw = 1094;
     static constexpr int kUndo = 1095;
+    static constexpr int kSettings = 1096;
     static constexpr int kSelectAll = 1100;
     static constexpr int kDeselect = 1101;
     static constexpr int kClose = 1;

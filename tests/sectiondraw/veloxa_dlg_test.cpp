@@ -1,4 +1,5 @@
 #include "section_desk.h"
+#include "settings/main_config_dlg.h"
 
 #include <gmock/gmock.h>
 
@@ -123,4 +124,29 @@ TEST_F(SectionsDialog, EscapeClosesItAndKeepsNothing)
     EXPECT_TRUE(dialog().userKey(UserKey::kEscape));
     EXPECT_FALSE(dialog().isOpen());
     EXPECT_EQ(settings(), "");
+}
+
+TEST_F(SectionsDialog, SettingsOpenForTheTickedSectionsOnTheWholeDrawing)
+{
+    DssCommand();
+    acDocManagerPtr()->curDocument()->view().zoomWindow({0, 0}, {0.1, 0.1});
+    EXPECT_TRUE(dialog().userTick(kSections, 0, false));
+    g_DatabaseCS.m_dTextHeight = 0.7;
+    g_DatabaseCS.SaveSettings();
+    g_DatabaseCS.m_dTextHeight = 9;
+    bool opened = false;
+    session.frontEnd.plays.emplace_back(
+        [&](CDialog& opening)
+        {
+            opened = true;
+            const auto& settings = dynamic_cast<MainConfigDlg&>(opening);
+            EXPECT_EQ(settings.m_strAlignmentName, u"Tuyen1");
+            EXPECT_EQ(settings.m_idAlignmentObject, g_DatabaseCS.m_listReferenceLines[0].m_idAlignment);
+            EXPECT_THAT(settings.m_arrSectionIndices, ElementsAre(1));
+            EXPECT_EQ(g_DatabaseCS.m_dTextHeight, 0.7) << "the settings file is read anew";
+            EXPECT_TRUE(opening.userKey(UserKey::kEscape));
+        });
+    click(kSettings);
+    EXPECT_TRUE(opened);
+    EXPECT_GT(acDocManagerPtr()->curDocument()->view().shown().maxPoint().x, 19) << "zoomed to the extents";
 }
