@@ -50,15 +50,15 @@ ScriptRunner::ScriptRunner(Program& program, std::vector<ScriptLine> lines, std:
 const std::vector<ScriptRunner::Action>& ScriptRunner::actions()
 {
     static const std::vector<Action> list = {
-        {"open", 1, 1, &ScriptRunner::open},       {"save", 0, 1, &ScriptRunner::save},
-        {"close", 0, 0, &ScriptRunner::close},     {"use", 1, 1, &ScriptRunner::use},
-        {"command", 1, 9, &ScriptRunner::command}, {"click", 1, 1, &ScriptRunner::click},
-        {"set", 2, 2, &ScriptRunner::set},         {"choose", 2, 2, &ScriptRunner::choose},
-        {"tick", 3, 3, &ScriptRunner::tick},       {"tab", 1, 1, &ScriptRunner::tab},
-        {"cell", 3, 3, &ScriptRunner::cell},       {"mark", 3, 3, &ScriptRunner::mark},
-        {"press", 2, 2, &ScriptRunner::press},     {"resize", 2, 2, &ScriptRunner::resize},
-        {"key", 1, 1, &ScriptRunner::key},         {"answer", 1, 2, &ScriptRunner::answer},
-        {"print", 1, 1, &ScriptRunner::print},     {"echo", 0, 99, &ScriptRunner::echo},
+        {"open", 1, 1, true, &ScriptRunner::open},       {"save", 0, 1, true, &ScriptRunner::save},
+        {"close", 0, 0, true, &ScriptRunner::close},     {"use", 1, 1, true, &ScriptRunner::use},
+        {"command", 1, 9, true, &ScriptRunner::command}, {"click", 1, 1, false, &ScriptRunner::click},
+        {"set", 2, 2, false, &ScriptRunner::set},        {"choose", 2, 2, false, &ScriptRunner::choose},
+        {"tick", 3, 3, false, &ScriptRunner::tick},      {"tab", 1, 1, false, &ScriptRunner::tab},
+        {"cell", 3, 3, false, &ScriptRunner::cell},      {"mark", 3, 3, false, &ScriptRunner::mark},
+        {"press", 2, 2, false, &ScriptRunner::press},    {"resize", 2, 2, false, &ScriptRunner::resize},
+        {"key", 1, 1, false, &ScriptRunner::key},        {"answer", 1, 2, false, &ScriptRunner::answer},
+        {"print", 1, 1, false, &ScriptRunner::print},    {"echo", 0, 99, false, &ScriptRunner::echo},
     };
     return list;
 }
@@ -89,6 +89,9 @@ void ScriptRunner::play(const ScriptLine& line)
             throw Failure{"there is no action \"" + line.words.front() + "\""};
         if (words.size() < action->leastWords || words.size() > action->mostWords)
             throw Failure{"\"" + line.words.front() + "\" takes another number of words"};
+        const CDialog* shown = m_program.frontEnd().currentDialog();
+        if (action->outsideDialogs && shown != nullptr && shown->isModal())
+            throw Failure{"\"" + line.words.front() + "\" has to wait until the dialog is closed"};
         (this->*action->play)(words);
         m_program.session().runPending();
     }

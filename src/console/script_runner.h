@@ -28,6 +28,7 @@ private:
         const char* name;
         size_t leastWords;
         size_t mostWords;
+        bool outsideDialogs; ///< cannot be done while a modal dialog is open, as at a screen
         void (ScriptRunner::*play)(const Words& words);
     };
     static const std::vector<Action>& actions();
