@@ -125,12 +125,12 @@ void ForeignEntity::carryOwn(std::string_view text)
     {
         // A count of boundary objects (97) has lost them; one of fit points stands before the points.
         if (pending > 0 && tag.code != 11 && m_kind == "HATCH")
-            m_pairs.back().value = "0";
+            m_pairs.back().value.assign(1, '0');
         pending = tag.code == 97 ? 1 : 0;
         carry(tag);
     }
     if (pending > 0 && m_kind == "HATCH")
-        m_pairs.back().value = "0";
+        m_pairs.back().value.assign(1, '0');
 }
 
 std::string ForeignEntity::write(std::string_view kind, std::string_view pairs, uint64_t handle, uint64_t owner,
