@@ -49,6 +49,16 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbPolyline::setPointAt(unsigned int index, const AcGePoint2d& point)
+{
+    if (index >= numVerts())
+        return Acad::eInvalidInput;
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_shape.setVertex(index, {point.x, point.y, bulgeAt(index)});
+    return status;
+}
+
 void AcDbPolyline::setClosed(bool closed)
 {
     if (mayChangeFresh() == Acad::eOk)

@@ -20,6 +20,8 @@ public:
     /// fresh polyline only.
     Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge = 0.0,
                                   double startWidth = -1.0, double endWidth = -1.0);
+    /// Moves a vertex, in the polyline's own plane.
+    Acad::ErrorStatus setPointAt(unsigned int index, const AcGePoint2d& point);
     bool isClosed() const override { return m_shape.isClosed(); }
     void setClosed(bool closed);
     double elevation() const { return m_shape.elevation(); }

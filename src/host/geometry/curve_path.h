@@ -61,6 +61,7 @@ public:
 
     void reserve(std::size_t vertices) { m_vertices.reserve(vertices); }
     void addVertex(const PathVertex& vertex) { m_vertices.push_back(vertex); }
+    void setVertex(std::size_t index, const PathVertex& vertex) { m_vertices[index] = vertex; }
     void setClosed(bool closed) { m_closed = closed; }
 
     /// The box of the curve itself, arcs included; vertices that are not finite are left out.
