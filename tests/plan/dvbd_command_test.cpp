@@ -13,7 +13,6 @@
 #include <sstream>
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace

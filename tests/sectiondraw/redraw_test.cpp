@@ -5,7 +5,6 @@
 #include <algorithm>
 
 using testing::Each;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;

@@ -3,7 +3,6 @@
 
 #include <gmock/gmock.h>
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
