@@ -2,15 +2,13 @@
 
 #include "host/geometry/level_crossing.h"
 
+#include <utility>
+
 namespace
 {
 
-constexpr size_t kChunk = 16;
-
-bool isUsable(const AcGePoint2d& p)
-{
-    return std::fabs(p.x) < kLargestCoordinate && std::fabs(p.y) < kLargestCoordinate;
-}
+/// Vertices are looked at in runs of this many segments.
+constexpr size_t kRun = 16;
 
 PathVertex vertexOf(const AcGePoint2d& p)
 {
@@ -19,45 +17,72 @@ PathVertex vertexOf(const AcGePoint2d& p)
 
 Box2d boxOf(const AcGePoint2d& a, const AcGePoint2d& b)
 {
-    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+    Box2d box;
+    box.add(a.x, a.y);
+    box.add(b.x, b.y);
+    return box;
+}
+
+Box2d widened(const Box2d& box)
+{
+    const double gap = placeTolerance(box.magnitude());
+    return {box.minX - gap, box.minY - gap, box.maxX + gap, box.maxY + gap};
 }
 
 } // namespace
 
-CrossingSearch::Line::Line(const SearchLine& line)
-    : segment(vertexOf(line.from), vertexOf(line.to)), from(line.from), way(line.to - line.from), size(way.length()),
-      gap(placeTolerance(segment.magnitude))
+CrossingSearch::Gate::Gate(const SearchLine& line)
+    : from(line.from), way(line.to - line.from), size(way.length()),
+      ownGap(placeTolerance(boxOf(line.from, line.to).magnitude()))
 {
 }
 
-/// Never false for a segment that the exact test lets meet the line: both ends on one side of it, farther out than what
-/// rounding and tolerance can bridge.
-bool CrossingSearch::Line::canMeet(const AcGePoint2d& a, const AcGePoint2d& b, double otherGap) const
+/// A bit for each segment of a run that does not lie on one side of the line as a whole. Never leaves out what the
+/// exact test lets meet the line: the slack is more than tolerance and rounding can bridge. Without a branch, since
+/// nobody could guess it.
+uint32_t CrossingSearch::Gate::crossedBy(std::span<const AcGePoint2d> vertices, double slack) const
 {
-    const double slack = 8.0 * size * (gap + otherGap);
-    const double aSide = way.crossProduct(a - from);
-    const double bSide = way.crossProduct(b - from);
-    if ((aSide > slack && bSide > slack) || (aSide < -slack && bSide < -slack))
-        return false;
+    constexpr uint32_t kTop = uint32_t{1} << 31;
+    uint32_t left = 0;
+    uint32_t right = 0;
+    for (const AcGePoint2d& vertex : vertices)
+    {
+        const double side = way.crossProduct(vertex - from);
+        left = (left >> 1) | (side > slack ? kTop : 0);
+        right = (right >> 1) | (side < -slack ? kTop : 0);
+    }
+    const uint32_t segments = (uint32_t{1} << (vertices.size() - 1)) - 1;
+    const uint32_t oneSide = (left & (left >> 1)) | (right & (right >> 1));
+    return ~(oneSide >> (32 - vertices.size())) & segments;
+}
+
+/// Whether a segment lies before the line's start or behind its end as a whole.
+bool CrossingSearch::Gate::isPassed(const AcGePoint2d& a, const AcGePoint2d& b, double slack) const
+{
     const double aAlong = way.dotProduct(a - from);
     const double bAlong = way.dotProduct(b - from);
     const double end = size * size + slack;
-    return !((aAlong > end && bAlong > end) || (aAlong < -slack && bAlong < -slack));
+    return (aAlong > end && bAlong > end) || (aAlong < -slack && bAlong < -slack);
 }
 
 CrossingSearch::CrossingSearch(std::span<const SearchLine> lines)
-    : m_grid(lines), m_lines(lines.begin(), lines.end()), m_lastSegment(lines.size(), 0)
+    : m_grid(lines), m_gates(lines.begin(), lines.end()), m_lastTest(lines.size(), 0)
 {
-    for (const Line& line : m_lines)
-        m_extents.add(line.segment.box);
+    m_segments.reserve(lines.size());
+    for (const SearchLine& line : lines)
+    {
+        m_segments.emplace_back(vertexOf(line.from), vertexOf(line.to));
+        m_extents.add(m_segments.back().box);
+    }
+    m_extents = widened(m_extents);
 }
 
 const std::vector<LineCrossing>& CrossingSearch::find(std::span<const AcGePoint2d> path)
 {
     m_pairs.clear();
     m_crossings.clear();
-    for (size_t first = 0; first + 1 < path.size(); first += kChunk)
-        collectChunk(path, first, std::min(first + kChunk, path.size() - 1));
+    for (size_t first = 0; first + 1 < path.size(); first += kRun)
+        collect(path, first, std::min(first + kRun, path.size() - 1));
 
     std::sort(m_pairs.begin(), m_pairs.end());
     const std::span<const Pair> pairs = m_pairs;
@@ -72,67 +97,81 @@ const std::vector<LineCrossing>& CrossingSearch::find(std::span<const AcGePoint2
     return m_crossings;
 }
 
-/// Collects which lines the segments between the vertices `first` and `last` may meet.
-void CrossingSearch::collectChunk(std::span<const AcGePoint2d> path, size_t first, size_t last)
+/// Whether a line comes up for the first time in this test.
+inline bool CrossingSearch::isFirstAsked(uint32_t line)
+{
+    return std::exchange(m_lastTest[line], m_testNumber) != m_testNumber;
+}
+
+/// Collects which lines the segments between the vertices `first` and `last` may meet. A run that covers many cells is
+/// halved.
+void CrossingSearch::collect(std::span<const AcGePoint2d> path, size_t first, size_t last)
 {
     Box2d box;
     for (size_t i = first; i <= last; ++i)
         box.add(path[i].x, path[i].y);
     const double gap = placeTolerance(std::min(box.magnitude(), kLargestCoordinate));
-    if (box.isApart(m_extents, gap + placeTolerance(m_extents.magnitude())))
+    if (box.isApart(m_extents, gap))
         return;
-    const bool hasCells = box.magnitude() < m_grid.reach();
-    if (hasCells && m_grid.isEmptyNear(box, gap))
-        return;
-    for (size_t i = first; i < last; ++i)
+    if (m_grid.isSmall(box, gap))
     {
-        if (!isUsable(path[i]) || !isUsable(path[i + 1]))
-            continue;
-        ++m_segmentNumber;
-        if (hasCells)
-            collectSegment(path[i], path[i + 1], static_cast<uint32_t>(i), gap);
-        else
-            for (uint32_t line = 0; line < m_lines.size(); ++line)
-                add(line, static_cast<uint32_t>(i), path[i], path[i + 1], gap);
+        ++m_testNumber;
+        m_grid.visitNear(box, gap,
+                         [&](uint32_t line)
+                         {
+                             if (isFirstAsked(line))
+                                 test(line, path, first, last, gap);
+                         });
+        return;
     }
+    if (last - first == 1)
+        return collectLongSegment(path, first, gap);
+    const size_t middle = (first + last) / 2;
+    collect(path, first, middle);
+    collect(path, middle, last);
 }
 
-void CrossingSearch::collectSegment(const AcGePoint2d& a, const AcGePoint2d& b, uint32_t segment, double gap)
+/// A long segment looks into the cells along it piece by piece; one with more pieces than there are lines, or too far
+/// out for cells, asks all of them.
+void CrossingSearch::collectLongSegment(std::span<const AcGePoint2d> path, size_t segment, double gap)
 {
-    const Box2d box = boxOf(a, b);
-    if (std::max(box.maxX - box.minX, box.maxY - box.minY) > 3.0 * m_grid.cellSize())
-        return collectAlong(a, b, segment, gap);
-    m_grid.visitNear(box, gap, [&](uint32_t line) { add(line, segment, a, b, gap); });
-}
-
-/// A long segment looks into the cells along it piece by piece; one with more pieces than there are lines asks all of
-/// them.
-void CrossingSearch::collectAlong(const AcGePoint2d& a, const AcGePoint2d& b, uint32_t segment, double gap)
-{
+    ++m_testNumber;
+    const AcGePoint2d& a = path[segment];
+    const AcGePoint2d& b = path[segment + 1];
     const AcGeVector2d way = b - a;
     const double pieces = std::floor(std::max(std::fabs(way.x), std::fabs(way.y)) / m_grid.cellSize()) + 1.0;
-    if (!(pieces < static_cast<double>(m_lines.size())))
+    const auto visit = [&](uint32_t line)
     {
-        for (uint32_t line = 0; line < m_lines.size(); ++line)
-            add(line, segment, a, b, gap);
+        if (isFirstAsked(line))
+            test(line, path, segment, segment + 1, gap);
+    };
+    if (!(pieces < static_cast<double>(m_gates.size())) || !(boxOf(a, b).magnitude() < m_grid.reach()))
+    {
+        for (uint32_t line = 0; line < m_gates.size(); ++line)
+            visit(line);
         return;
     }
     AcGePoint2d from = a;
     for (double piece = 1.0; piece <= pieces; ++piece)
     {
         const AcGePoint2d to = piece == pieces ? b : a + way * (piece / pieces);
-        m_grid.visitNear(boxOf(from, to), gap, [&](uint32_t line) { add(line, segment, a, b, gap); });
+        m_grid.visitNear(boxOf(from, to), gap, visit);
         from = to;
     }
 }
 
-void CrossingSearch::add(uint32_t line, uint32_t segment, const AcGePoint2d& a, const AcGePoint2d& b, double gap)
+/// Adds the segments between two vertices that may meet a line.
+void CrossingSearch::test(uint32_t line, std::span<const AcGePoint2d> path, size_t first, size_t last, double gap)
 {
-    if (m_lastSegment[line] == m_segmentNumber)
-        return;
-    m_lastSegment[line] = m_segmentNumber;
-    if (m_lines[line].canMeet(a, b, gap))
-        m_pairs.push_back({line, segment});
+    const Gate& gate = m_gates[line];
+    const double slack = gate.slack(gap);
+    for (uint32_t crossed = gate.crossedBy(path.subspan(first, last - first + 1), slack); crossed != 0;
+         crossed &= crossed - 1)
+    {
+        const size_t segment = first + static_cast<size_t>(std::countr_zero(crossed));
+        if (!gate.isPassed(path[segment], path[segment + 1], slack))
+            m_pairs.push_back({line, static_cast<uint32_t>(segment)});
+    }
 }
 
 /// Crosses the segments of a path that may meet one line with it, and stops when what follows cannot change the first
@@ -142,12 +181,12 @@ void CrossingSearch::cross(std::span<const AcGePoint2d> path, std::span<const Pa
 {
     const bool isRing = path.front().x == path.back().x && path.front().y == path.back().y;
     const size_t enough = isRing ? 3 : 2;
-    const Line& line = m_lines[pairs.front().line];
+    const BoxedSegment& line = m_segments[pairs.front().line];
     CrossingList list{m_points};
     for (const Pair& pair : pairs)
     {
         const BoxedSegment own{vertexOf(path[pair.segment]), vertexOf(path[pair.segment + 1])};
-        if (addCrossings(own, line.segment, 0.0, list))
+        if (addCrossings(own, line, 0.0, list))
             endCrossingsOfSegment(own, list);
         if (m_points.size() >= enough)
             break;
@@ -156,8 +195,9 @@ void CrossingSearch::cross(std::span<const AcGePoint2d> path, std::span<const Pa
         list.endClosed({path.front().x, path.front().y, 0.0});
     if (m_points.empty())
         return;
-    LineCrossing crossing{pairs.front().line, m_points.front(), std::nullopt};
+    LineCrossing& crossing = m_crossings.emplace_back();
+    crossing.line = pairs.front().line;
+    crossing.first = m_points[0];
     if (m_points.size() > 1)
-        crossing.second = m_points[1];
-    m_crossings.push_back(crossing);
+        crossing.second.emplace(m_points[1]);
 }

@@ -27,17 +27,18 @@ public:
     const std::vector<LineCrossing>& find(std::span<const AcGePoint2d> path);
 
 private:
-    /// A line made ready for rejecting segments that lie on one side of it or before or behind it.
-    struct Line
+    /// A line made ready for telling which segments lie on one side of it, or before or behind it.
+    struct Gate
     {
-        explicit Line(const SearchLine& line);
-        bool canMeet(const AcGePoint2d& a, const AcGePoint2d& b, double gap) const;
+        explicit Gate(const SearchLine& line);
+        double slack(double gap) const { return 8.0 * size * (ownGap + gap); }
+        uint32_t crossedBy(std::span<const AcGePoint2d> vertices, double slack) const;
+        bool isPassed(const AcGePoint2d& a, const AcGePoint2d& b, double slack) const;
 
-        BoxedSegment segment;
         AcGePoint2d from;
         AcGeVector2d way;
         double size;
-        double gap;
+        double ownGap;
     };
     struct Pair
     {
@@ -46,17 +47,18 @@ private:
         auto operator<=>(const Pair&) const = default;
     };
 
-    void collectChunk(std::span<const AcGePoint2d> path, size_t first, size_t last);
-    void collectSegment(const AcGePoint2d& a, const AcGePoint2d& b, uint32_t segment, double gap);
-    void collectAlong(const AcGePoint2d& a, const AcGePoint2d& b, uint32_t segment, double gap);
-    void add(uint32_t line, uint32_t segment, const AcGePoint2d& a, const AcGePoint2d& b, double gap);
+    void collect(std::span<const AcGePoint2d> path, size_t first, size_t last);
+    void collectLongSegment(std::span<const AcGePoint2d> path, size_t segment, double gap);
+    bool isFirstAsked(uint32_t line);
+    void test(uint32_t line, std::span<const AcGePoint2d> path, size_t first, size_t last, double gap);
     void cross(std::span<const AcGePoint2d> path, std::span<const Pair> pairs);
 
     SectionGrid m_grid;
-    std::vector<Line> m_lines;
-    Box2d m_extents;                     ///< of all lines
-    std::vector<uint64_t> m_lastSegment; ///< by line: number of the last segment it was looked at for
-    uint64_t m_segmentNumber = 0;
+    std::vector<Gate> m_gates;
+    std::vector<BoxedSegment> m_segments;
+    Box2d m_extents;                  ///< of all lines, and what counts as touching them
+    std::vector<uint64_t> m_lastTest; ///< by line: the number of the last test that it was part of
+    uint64_t m_testNumber = 0;
     std::vector<Pair> m_pairs;
     AcGePoint3dArray m_points;
     std::vector<LineCrossing> m_crossings;

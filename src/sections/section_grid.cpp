@@ -6,13 +6,12 @@ namespace
 {
 
 /// Cells that a line of middling length passes.
-constexpr double kCellsPerLine = 8.0;
+constexpr double kCellsPerLine = 3.0;
 /// Cells of the table for each line, so that few lines from elsewhere share a cell.
 constexpr size_t kTablePerLine = 16;
 constexpr unsigned kMostBits = 11;
 /// A line of more pieces is looked at everywhere.
 constexpr double kMostPieces = 1024.0;
-constexpr uint64_t kMostCellsToLookAt = 16;
 
 double sizeOf(const SearchLine& line)
 {
@@ -98,16 +97,4 @@ void SectionGrid::walk(const SearchLine& line, Visit visit) const
     cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
     for (const size_t cell : cells)
         visit(cell);
-}
-
-bool SectionGrid::isEmptyNear(const Box2d& box, double gap) const
-{
-    const Cells cells = cellsOf(box, gap);
-    if (!m_everywhere.empty() || cells.count() > kMostCellsToLookAt)
-        return false;
-    for (uint64_t y = cells.minY; y <= cells.maxY; ++y)
-        for (uint64_t x = cells.minX; x <= cells.maxX; ++x)
-            if (m_starts[indexOf(x, y)] != m_starts[indexOf(x, y) + 1])
-                return false;
-    return true;
 }

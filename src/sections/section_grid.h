@@ -22,22 +22,28 @@ class SectionGrid
 public:
     explicit SectionGrid(std::span<const SearchLine> lines);
 
+    /// Whether a box covers so few cells that looking into them is cheap.
+    bool isSmall(const Box2d& box, double gap) const
+    {
+        if (!(box.magnitude() < reach()))
+            return false;
+        const Cells cells = cellsOf(box, gap);
+        const uint64_t columns = cells.maxX - cells.minX + 1;
+        const uint64_t rows = cells.maxY - cells.minY + 1;
+        return columns <= kFewCells && rows <= kFewCells && columns * rows <= kFewCells;
+    }
+
     /// Calls `visit(line)` for every line that comes within `gap` of the box, and for others; for a line more than
-    /// once when the box covers several cells. The magnitude of the box must be below `reach()`, and it should cover
-    /// few cells.
+    /// once when the box covers several cells. The magnitude of the box must be below `reach()`.
     template <class Visit>
     void visitNear(const Box2d& box, double gap, Visit visit) const
     {
         const Cells cells = cellsOf(box, gap);
         for (uint64_t y = cells.minY; y <= cells.maxY; ++y)
-            for (uint64_t x = cells.minX; x <= cells.maxX; ++x)
-                visitCell(indexOf(x, y), visit);
+            visitRow(cells.minX, cells.maxX, y, visit);
         for (const uint32_t line : m_everywhere)
             visit(line);
     }
-
-    /// Whether `visitNear` has nothing to visit. May answer false for a box that covers many cells.
-    bool isEmptyNear(const Box2d& box, double gap) const;
 
     double cellSize() const { return 1.0 / m_cellsPerUnit; }
     /// Below this coordinate cells can be told apart.
@@ -47,10 +53,10 @@ private:
     struct Cells
     {
         uint64_t minX, minY, maxX, maxY;
-        uint64_t count() const { return (maxX - minX + 1) * (maxY - minY + 1); }
     };
 
     static constexpr double kMostCells = 0x1p50;
+    static constexpr uint64_t kFewCells = 16;
 
     /// The number of the cell of a coordinate, up to a constant: the nearest integer, as the low bits of a sum so large
     /// that it has no fraction.
@@ -61,11 +67,18 @@ private:
     }
     size_t indexOf(uint64_t x, uint64_t y) const { return ((y & m_mask) << m_bits) | (x & m_mask); }
 
+    /// The cells of a row stand side by side in the table, and so do their lines, up to where the table begins again.
     template <class Visit>
-    void visitCell(size_t cell, Visit visit) const
+    void visitRow(uint64_t minX, uint64_t maxX, uint64_t y, Visit visit) const
     {
-        for (uint32_t at = m_starts[cell]; at != m_starts[cell + 1]; ++at)
-            visit(m_lines[at]);
+        while (minX <= maxX)
+        {
+            const uint64_t last = std::min(maxX, minX | m_mask);
+            const uint32_t end = m_starts[indexOf(last, y) + 1];
+            for (uint32_t at = m_starts[indexOf(minX, y)]; at != end; ++at)
+                visit(m_lines[at]);
+            minX = last + 1;
+        }
     }
 
     void chooseCells(std::span<const SearchLine> lines);
