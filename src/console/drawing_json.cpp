@@ -1,11 +1,10 @@
 #include "console/drawing_json.h"
 
+#include "files/dxf/version.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "host/drawing/tags.h"
-
-#include <array>
 
 namespace console
 {
@@ -21,16 +20,6 @@ std::string_view layerOf(const ObjectRecord& record)
         if (tag.code == 8)
             return tag.word();
     return "0";
-}
-
-std::string nameOfVersion(int version)
-{
-    static constexpr std::array<std::pair<int, const char*>, 6> kNames{
-        {{1015, "R2000"}, {1018, "R2004"}, {1021, "R2007"}, {1024, "R2010"}, {1027, "R2013"}, {1032, "R2018"}}};
-    for (const auto& [number, name] : kNames)
-        if (number == version)
-            return name;
-    return "AC" + std::to_string(version);
 }
 
 std::string listText(const Json& counts)
@@ -74,7 +63,7 @@ Json infoJson(AcDbDatabase& database, const std::string& path, size_t bytes)
             blocks.push_back({{"name", toUtf8(name)}, {"entities", database.blocks().entities(*id.record()).size()}});
     const EntityCounts counts = countEntities(database);
     return {{"drawing", path},
-            {"version", nameOfVersion(database.version())},
+            {"version", files::nameOfVersion(database.version())},
             {"codePage", database.store().codePage},
             {"bytes", bytes},
             {"objects", database.store().records.size()},

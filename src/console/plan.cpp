@@ -25,35 +25,37 @@ constexpr const char16_t* kPlanLayer = u"DiaVatBinhDo";
 
 using CountByCode = std::map<std::u16string, size_t, LessNoCase>;
 
-/// What stands on the plan's layer: references by the name of their block.
-CountByCode planSymbols(AcDbDatabase& database)
+/// How often `nameOf` answers each name for the entities of class `T` in model space; an empty one does not count.
+template <class T, class NameOf>
+CountByCode countEach(AcDbDatabase& database, NameOf nameOf)
 {
     CountByCode counts;
     const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
     if (modelSpace == nullptr)
         return counts;
     for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
-    {
-        const AcDbObjectPointer<AcDbBlockReference> reference{id};
-        if (reference && equalNoCase(reference->layer(), kPlanLayer))
-            ++counts[nameOfRecord(*reference->blockTableRecord().record())];
-    }
+        if (const AcDbObjectPointer<T> entity{id}; entity)
+            if (const std::u16string name = nameOf(*entity); !name.empty())
+                ++counts[name];
     return counts;
+}
+
+/// What stands on the plan's layer: references by the name of their block.
+CountByCode planSymbols(AcDbDatabase& database)
+{
+    return countEach<AcDbBlockReference>(database,
+                                         [](const AcDbBlockReference& reference)
+                                         {
+                                             const ObjectRecord* block = reference.blockTableRecord().record();
+                                             return block != nullptr && equalNoCase(reference.layer(), kPlanLayer)
+                                                        ? nameOfRecord(*block)
+                                                        : std::u16string{};
+                                         });
 }
 
 CountByCode pointCodes(AcDbDatabase& database)
 {
-    CountByCode counts;
-    const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
-    if (modelSpace == nullptr)
-        return counts;
-    for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
-    {
-        const AcDbObjectPointer<PlxDbMeasurePointObj> point{id};
-        if (point && !point->Get(1).empty())
-            ++counts[point->Get(1)];
-    }
-    return counts;
+    return countEach<PlxDbMeasurePointObj>(database, [](const PlxDbMeasurePointObj& point) { return point.Get(1); });
 }
 
 size_t total(const CountByCode& counts)

@@ -214,21 +214,26 @@ void DxfIndexer::readTables()
     requireZero("ENDSEC", "the TABLES section");
 }
 
-void DxfIndexer::readTable()
+/// A container whose first object, at hand, says its name.
+uint32_t DxfIndexer::beginNamed(Container::Kind kind)
 {
-    const auto index = static_cast<uint32_t>(beginContainer(Container::kTable));
+    const auto index = static_cast<uint32_t>(beginContainer(kind));
     ObjectRecord& head = beginRecord(index);
     readRecord(head, false);
+    Container& container = m_store.containers[index];
     PairScanner pairs{head.view()};
-    while (pairs.next() == Result::Pair)
+    while (container.name.empty() && pairs.next() == Result::Pair)
         if (pairs.code() == 2)
-        {
-            m_store.containers[index].name = pairs.word();
-            break;
-        }
+            container.name = pairs.word();
+    container.head = &head;
+    container.first = m_store.records.size();
+    return index;
+}
+
+void DxfIndexer::readTable()
+{
+    const uint32_t index = beginNamed(Container::kTable);
     const bool dimensionStyles = m_store.containers[index].name == "DIMSTYLE";
-    m_store.containers[index].head = &head;
-    m_store.containers[index].first = m_store.records.size();
     while (m_scanner.word() != "ENDTAB")
     {
         if (m_scanner.word() == "ENDSEC" || m_scanner.word() == "EOF" || m_scanner.word() == "TABLE")
@@ -256,18 +261,7 @@ void DxfIndexer::readBlocks()
 
 void DxfIndexer::readBlock()
 {
-    const auto index = static_cast<uint32_t>(beginContainer(Container::kBlock));
-    ObjectRecord& head = beginRecord(index);
-    readRecord(head, false);
-    PairScanner pairs{head.view()};
-    while (pairs.next() == Result::Pair)
-        if (pairs.code() == 2)
-        {
-            m_store.containers[index].name = pairs.word();
-            break;
-        }
-    m_store.containers[index].head = &head;
-    m_store.containers[index].first = m_store.records.size();
+    const uint32_t index = beginNamed(Container::kBlock);
     while (m_scanner.word() != "ENDBLK")
     {
         if (m_scanner.word() == "ENDSEC" || m_scanner.word() == "EOF" || m_scanner.word() == "BLOCK")

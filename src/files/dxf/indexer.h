@@ -33,6 +33,7 @@ private:
     void readSection();
 
     size_t beginContainer(Container::Kind kind);
+    uint32_t beginNamed(Container::Kind kind);
     ObjectRecord& beginRecord(uint32_t container);
     void readRecord(ObjectRecord& record, bool dimensionStyle);
     void readBlock();

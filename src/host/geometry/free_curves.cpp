@@ -1,13 +1,11 @@
 #include "host/geometry/free_curves.h"
 
-#include <numbers>
+#include <algorithm>
+#include <cmath>
 
 namespace
 {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
-/// Chords of a whole ellipse: 1 - cos(pi / 704) is just below 1e-5.
-constexpr int kEllipseChords = 704;
 constexpr int kMostDegree = 25;
 
 bool isFinite(const AcGePoint3d& p)
@@ -145,27 +143,6 @@ AcGePoint3dArray throughFitPoints(AcGePoint3dArray fit, bool closed)
 }
 
 } // namespace
-
-CurvePath ellipsePath(const AcGePoint3d& center, const AcGeVector3d& majorAxis, double ratio, double start, double end,
-                      const AcGeVector3d& normal)
-{
-    const AcGeVector3d minorAxis = normal.normal().crossProduct(majorAxis) * ratio;
-    double sweep = std::fmod(end - start, kTurn);
-    if (!isFinite(center) || !(majorAxis.length() > 0.0) || !isFinite(center + majorAxis + minorAxis) ||
-        !std::isfinite(start) || !std::isfinite(sweep))
-        return {};
-    if (sweep <= 1e-12)
-        sweep += kTurn;
-    const bool whole = sweep > kTurn - 1e-9;
-    const int chords = std::max(1, static_cast<int>(std::ceil(kEllipseChords * sweep / kTurn)));
-    AcGePoint3dArray points;
-    for (int i = 0; i < (whole ? chords : chords + 1); ++i)
-    {
-        const double angle = start + sweep * i / chords;
-        points.push_back(center + majorAxis * std::cos(angle) + minorAxis * std::sin(angle));
-    }
-    return CurvePath::space(points, whole);
-}
 
 CurvePath splinePath(const SplineData& spline)
 {

@@ -2,14 +2,8 @@
 
 #include "host/geometry/curve_path.h"
 
-/// Ellipses and splines as paths of straight segments. Drawing units, radians. What cannot be a curve (no axis, numbers
-/// that are not finite, knots that do not fit) gives an empty path.
-
-/// An ellipse or a part of one: `center` and `majorAxis` (from the centre to the end of the longer axis) in the world,
-/// `ratio` of the shorter axis to it, parameters from `start` to `end` counter-clockwise about `normal` (equal or a
-/// whole turn apart: all of it). The chords are no farther from the curve than 1e-5 of the major axis.
-CurvePath ellipsePath(const AcGePoint3d& center, const AcGeVector3d& majorAxis, double ratio, double start, double end,
-                      const AcGeVector3d& normal = AcGeVector3d::kZAxis);
+/// Splines as paths of straight segments, in drawing units. What cannot be a curve (numbers that are not finite, too
+/// few points) gives an empty path.
 
 /// What a drawing tells of a spline. With control points and `knots` (as many as points, and degree + 1 more) the curve
 /// is theirs; otherwise one is laid through the fit points. `weights` is empty or as long as the control points.

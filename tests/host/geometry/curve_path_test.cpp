@@ -95,21 +95,6 @@ TEST(CurvePath, FlattenStaysWithinItsTolerance)
     EXPECT_EQ(segment(0, 0, 1, 1).flatten().size(), 2U);
 }
 
-TEST(FreeCurves, EllipsesCloseAndKeepTheirDirection)
-{
-    const CurvePath whole = ellipsePath({0, 0, 0}, {10, 0, 0}, 0.5, 0, 2 * kPi);
-    EXPECT_TRUE(whole.isClosed());
-    EXPECT_LE(farthestFromEllipse(whole, 10, 5), 1e-4);
-    EXPECT_EQ(intersect(whole, segment(0, -9, 0, 9)).size(), 2U);
-
-    const CurvePath quarter = ellipsePath({1, 1, 2}, {0, 10, 0}, 0.5, 0, kPi / 2, {0, 0, -1});
-    EXPECT_TRUE(quarter.flatten().front().isEqualTo({1, 11, 2}));
-    EXPECT_TRUE(quarter.flatten().back().isEqualTo({6, 1, 2}));
-    EXPECT_TRUE(ellipsePath({0, 0, 0}, {0, 0, 0}, 0.5, 0, 1).isEmpty());
-    EXPECT_TRUE(ellipsePath({0, kNan, 0}, {1, 0, 0}, 0.5, 0, 1).isEmpty());
-    EXPECT_TRUE(ellipsePath({0, 0, 0}, {1, 0, 0}, 0.5, 0, kInfinity).isEmpty());
-}
-
 TEST(FreeCurves, ARationalSplineIsACircle)
 {
     SplineData quarter;
