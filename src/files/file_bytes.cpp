@@ -63,9 +63,7 @@ std::shared_ptr<char> allocate(size_t size)
 
 size_t sizeOf(const Descriptor& file, const std::string& path)
 {
-    struct stat status
-    {
-    };
+    struct stat status = {};
     if (fstat(file.get(), &status) != 0)
         throw FileError{path, reasonOf(errno)};
     if (S_ISDIR(status.st_mode))
@@ -78,11 +76,12 @@ size_t sizeOf(const Descriptor& file, const std::string& path)
 void readAll(const Descriptor& file, char* to, size_t size, const std::string& path)
 {
     const int64_t limit = faults() != nullptr ? faults()->failReadAt(path) : -1;
+    const size_t readable = limit >= 0 ? std::min(size, static_cast<size_t>(limit)) : size;
     for (size_t done = 0; done < size;)
     {
-        const ssize_t got = limit >= 0 && done >= static_cast<size_t>(limit)
-                                ? (errno = EIO, -1)
-                                : read(file.get(), to + done, std::min<size_t>(size - done, size_t{1} << 30));
+        const ssize_t got = done < readable
+                                ? read(file.get(), to + done, std::min<size_t>(readable - done, size_t{1} << 30))
+                                : (errno = EIO, -1);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
@@ -176,9 +175,7 @@ FileText readFile(const std::string& path)
 void replaceFile(const std::string& name, const std::vector<std::string_view>& pieces, bool keepEarlier)
 {
     const std::string path = throughLinks(name);
-    struct stat earlier
-    {
-    };
+    struct stat earlier = {};
     const bool replaces = stat(path.c_str(), &earlier) == 0;
     if (replaces && !S_ISREG(earlier.st_mode))
         throw FileError{name, "cannot be written: it is not a regular file"};

@@ -41,6 +41,21 @@ class RealRoad(ProgramTest):
         changed = [handle for handle in before if before[handle] != after[handle]]
         self.assertEqual([before[handle][0][1] for handle in changed], ["PLXDBALIGNMENT"])
 
+    def test_drawings_of_other_programs_serve_as_symbols(self):
+        """Each of them, the one too old to be worked on included, becomes a block that an auditor finds sound."""
+        drawings = sorted((REAL_DATA / "dwg").glob("*.dxf"))
+        scan = self.run_json("scan", ROAD)
+        sections = [section for line in scan["alignments"] for section in line["sections"]]
+        names = sorted({row["name"] for section in sections for row in section["crossing"]})
+        library, out = self.folder / "foreign.dv", self.folder / "out.dxf"
+        rows = [f"{name},{drawings[i % len(drawings)].name},0.01,0.01,0.00\n" for i, name in enumerate(names)]
+        library.write_bytes(("[SYMBOL]\n" + "".join(rows)).encode("latin-1"))
+        report = self.draw(ROAD, out, "--library", library, "--symbols", REAL_DATA / "dwg")
+        self.assertEqual(report["unreadable"], [])
+        blocks = json.loads(self.run_program("info", out, "--json", "--settings", self.settings)[0])["blocks"]
+        self.assertIn("example_r14", [block["name"] for block in blocks])
+        self.assert_sound(out)
+
     def test_drawings_of_other_programs_stay_as_they_are(self):
         for drawing in sorted((REAL_DATA / "dwg").glob("*.dxf")):
             out = self.folder / drawing.name
