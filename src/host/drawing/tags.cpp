@@ -1,8 +1,9 @@
 #include "host/drawing/tags.h"
 
+#include "host/drawing/line_end.h"
+
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 namespace
 {
@@ -73,9 +74,8 @@ std::string_view Tag::word() const
 std::string_view TagReader::line()
 {
     const char* begin = m_at;
-    const auto* found = static_cast<const char*>(std::memchr(begin, '\n', static_cast<size_t>(m_end - begin)));
-    const char* end = found != nullptr ? found : m_end;
-    m_at = found != nullptr ? found + 1 : m_end;
+    const char* end = findLineEnd(begin, m_end);
+    m_at = end != m_end ? end + 1 : m_end;
     if (end > begin && end[-1] == '\r')
         --end;
     return {begin, static_cast<size_t>(end - begin)};

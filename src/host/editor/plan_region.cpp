@@ -17,12 +17,17 @@ double turn(const AcGePoint2d& a, const AcGePoint2d& b, const AcGePoint2d& c)
     return (b - a).crossProduct(c - a);
 }
 
-double distanceToLine(const AcGePoint2d& p, const AcGePoint2d& a, const AcGePoint2d& b)
+/// Whether `p` is no farther than `tolerance` from the line between two points.
+bool isNearLine(const AcGePoint2d& p, const AcGePoint2d& a, const AcGePoint2d& b, double tolerance)
 {
     const AcGeVector2d along = b - a;
     const double lengthSqrd = along.lengthSqrd();
+    // Most points are far to one side, twice the tolerance and more: told without a division.
+    const double side = along.crossProduct(p - a);
+    if (side * side > 4.0 * tolerance * tolerance * lengthSqrd)
+        return false;
     const double at = lengthSqrd > 0.0 ? std::clamp((p - a).dotProduct(along) / lengthSqrd, 0.0, 1.0) : 0.0;
-    return p.distanceTo(a + along * at);
+    return p.distanceTo(a + along * at) <= tolerance;
 }
 
 /// Whether the lines cross at a point that is the end of neither.
@@ -55,7 +60,7 @@ PlanRegion::PlanRegion(const Box2d& rectangle) : PlanRegion{Kind::Crossing, corn
 bool PlanRegion::isOnBorder(const AcGePoint2d& point) const
 {
     for (size_t i = 0; i < sides(); ++i)
-        if (distanceToLine(point, corner(i), corner(i + 1)) <= m_tolerance)
+        if (isNearLine(point, corner(i), corner(i + 1), m_tolerance))
             return true;
     return false;
 }
@@ -81,7 +86,7 @@ bool PlanRegion::crossesBorder(const AcGePoint2d& from, const AcGePoint2d& to) c
     {
         const AcGePoint2d& a = corner(i);
         const AcGePoint2d& b = corner(i + 1);
-        if (crossProperly(from, to, a, b) || distanceToLine(a, from, to) <= m_tolerance)
+        if (crossProperly(from, to, a, b) || isNearLine(a, from, to, m_tolerance))
             return true;
     }
     return false;

@@ -140,7 +140,7 @@ AcDbObjectIdArray selectIn(AcApDocument& document, const PlanRegion& region, con
         near.clear();
         index.findNear(kind, region.box(), near);
         for (ObjectRecord* entity : near)
-            if (passes(filter, kind, known, *entity) && sight.sees(*entity) && index.shapes().meets(*entity, region))
+            if (passes(filter, kind, known, *entity) && index.shapes().meets(*entity, region) && sight.sees(*entity))
                 found.push_back(entity);
     }
     return inDrawingOrder(std::move(found));
