@@ -84,7 +84,8 @@ const std::vector<LineCrossing>& CrossingSearch::find(std::span<const AcGePoint2
     for (size_t first = 0; first + 1 < path.size(); first += kRun)
         collect(path, first, std::min(first + kRun, path.size() - 1));
 
-    std::sort(m_pairs.begin(), m_pairs.end());
+    if (m_pairs.size() > 1)
+        std::sort(m_pairs.begin(), m_pairs.end());
     const std::span<const Pair> pairs = m_pairs;
     for (size_t first = 0; first < pairs.size();)
     {
@@ -101,6 +102,21 @@ const std::vector<LineCrossing>& CrossingSearch::find(std::span<const AcGePoint2
 inline bool CrossingSearch::isFirstAsked(uint32_t line)
 {
     return std::exchange(m_lastTest[line], m_testNumber) != m_testNumber;
+}
+
+/// Adds the segments between two vertices that may meet a line.
+inline void CrossingSearch::test(uint32_t line, std::span<const AcGePoint2d> path, size_t first, size_t last,
+                                 double gap)
+{
+    const Gate& gate = m_gates[line];
+    const double slack = gate.slack(gap);
+    for (uint32_t crossed = gate.crossedBy(path.subspan(first, last - first + 1), slack); crossed != 0;
+         crossed &= crossed - 1)
+    {
+        const size_t segment = first + static_cast<size_t>(std::countr_zero(crossed));
+        if (!gate.isPassed(path[segment], path[segment + 1], slack))
+            m_pairs.push_back({line, static_cast<uint32_t>(segment)});
+    }
 }
 
 /// Collects which lines the segments between the vertices `first` and `last` may meet. A run that covers many cells is
@@ -157,20 +173,6 @@ void CrossingSearch::collectLongSegment(std::span<const AcGePoint2d> path, size_
         const AcGePoint2d to = piece == pieces ? b : a + way * (piece / pieces);
         m_grid.visitNear(boxOf(from, to), gap, visit);
         from = to;
-    }
-}
-
-/// Adds the segments between two vertices that may meet a line.
-void CrossingSearch::test(uint32_t line, std::span<const AcGePoint2d> path, size_t first, size_t last, double gap)
-{
-    const Gate& gate = m_gates[line];
-    const double slack = gate.slack(gap);
-    for (uint32_t crossed = gate.crossedBy(path.subspan(first, last - first + 1), slack); crossed != 0;
-         crossed &= crossed - 1)
-    {
-        const size_t segment = first + static_cast<size_t>(std::countr_zero(crossed));
-        if (!gate.isPassed(path[segment], path[segment + 1], slack))
-            m_pairs.push_back({line, static_cast<uint32_t>(segment)});
     }
 }
 

@@ -42,23 +42,28 @@ double middleSize(std::span<const SearchLine> lines)
 SectionGrid::SectionGrid(std::span<const SearchLine> lines)
 {
     chooseCells(lines);
-    m_starts.assign((size_t{1} << (2 * m_bits)) + 1, 0);
     for (size_t index = 0; index < lines.size(); ++index)
         if (!isWalkable(lines[index]) && !boxOf(lines[index]).isEmpty())
             m_everywhere.push_back(static_cast<uint32_t>(index));
 
-    // Count the lines of each cell, turn the counts into ends, then fill every cell from its end.
-    const auto walkAll = [&](auto visit)
-    {
-        for (size_t index = 0; index < lines.size(); ++index)
-            if (isWalkable(lines[index]))
-                walk(lines[index], [&](size_t cell) { visit(cell, static_cast<uint32_t>(index)); });
-    };
-    walkAll([&](size_t cell, uint32_t) { ++m_starts[cell]; });
+    std::vector<Entry> entries;
+    for (size_t index = 0; index < lines.size(); ++index)
+        if (isWalkable(lines[index]))
+            walk(lines[index], static_cast<uint32_t>(index), entries);
+    fillTable(entries);
+}
+
+/// Counts the lines of each cell, turns the counts into ends, then fills every cell from its end.
+void SectionGrid::fillTable(std::span<const Entry> entries)
+{
+    m_starts.assign((size_t{1} << (2 * m_bits)) + 1, 0);
+    for (const Entry& entry : entries)
+        ++m_starts[entry.cell];
     for (size_t cell = 1; cell < m_starts.size(); ++cell)
         m_starts[cell] += m_starts[cell - 1];
-    m_lines.resize(m_starts.back());
-    walkAll([&](size_t cell, uint32_t line) { m_lines[--m_starts[cell]] = line; });
+    m_lines.resize(entries.size());
+    for (const Entry& entry : entries)
+        m_lines[--m_starts[entry.cell]] = entry.line;
 }
 
 void SectionGrid::chooseCells(std::span<const SearchLine> lines)
@@ -75,14 +80,13 @@ bool SectionGrid::isWalkable(const SearchLine& line) const
     return !box.isEmpty() && box.magnitude() < reach() && sizeOf(line) * m_cellsPerUnit < kMostPieces;
 }
 
-/// Calls `visit(cell)` for the cells that a line passes or comes near, each once: those of the boxes around its pieces
-/// of about a cell's size.
-template <class Visit>
-void SectionGrid::walk(const SearchLine& line, Visit visit) const
+/// Adds the cells that a line passes or comes near, each once: those of the boxes around its pieces of about a cell's
+/// size.
+void SectionGrid::walk(const SearchLine& line, uint32_t index, std::vector<Entry>& entries) const
 {
+    const size_t first = entries.size();
     const double gap = placeTolerance(boxOf(line).magnitude());
     const int pieces = static_cast<int>(sizeOf(line) * m_cellsPerUnit) + 1;
-    std::vector<size_t> cells;
     AcGePoint2d from = line.from;
     for (int piece = 1; piece <= pieces; ++piece)
     {
@@ -90,11 +94,10 @@ void SectionGrid::walk(const SearchLine& line, Visit visit) const
         const Cells near = cellsOf(boxOf({from, to}), gap);
         for (uint64_t y = near.minY; y <= near.maxY; ++y)
             for (uint64_t x = near.minX; x <= near.maxX; ++x)
-                cells.push_back(indexOf(x, y));
+                entries.push_back({indexOf(x, y), index});
         from = to;
     }
-    std::sort(cells.begin(), cells.end());
-    cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
-    for (const size_t cell : cells)
-        visit(cell);
+    const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(first);
+    std::sort(begin, entries.end());
+    entries.erase(std::unique(begin, entries.end()), entries.end());
 }

@@ -3,6 +3,7 @@
 #include "host/geometry/segment2d.h"
 
 #include <bit>
+#include <compare>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -55,6 +56,14 @@ private:
         uint64_t minX, minY, maxX, maxY;
     };
 
+    /// That a line is in a cell.
+    struct Entry
+    {
+        uint32_t cell;
+        uint32_t line;
+        auto operator<=>(const Entry&) const = default;
+    };
+
     static constexpr double kMostCells = 0x1p50;
     static constexpr uint64_t kFewCells = 16;
 
@@ -65,7 +74,10 @@ private:
     {
         return {cellOf(box.minX - gap), cellOf(box.minY - gap), cellOf(box.maxX + gap), cellOf(box.maxY + gap)};
     }
-    size_t indexOf(uint64_t x, uint64_t y) const { return ((y & m_mask) << m_bits) | (x & m_mask); }
+    uint32_t indexOf(uint64_t x, uint64_t y) const
+    {
+        return static_cast<uint32_t>(((y & m_mask) << m_bits) | (x & m_mask));
+    }
 
     /// The cells of a row stand side by side in the table, and so do their lines, up to where the table begins again.
     template <class Visit>
@@ -82,8 +94,8 @@ private:
     }
 
     void chooseCells(std::span<const SearchLine> lines);
-    template <class Visit>
-    void walk(const SearchLine& line, Visit visit) const;
+    void walk(const SearchLine& line, uint32_t index, std::vector<Entry>& entries) const;
+    void fillTable(std::span<const Entry> entries);
     bool isWalkable(const SearchLine& line) const;
 
     double m_cellsPerUnit = 1.0;
