@@ -79,6 +79,26 @@ void countSymbols(const CrossSectionXdata& section, std::map<std::string, size_t
             ++without[toUtf8(row.m_strFcode)];
 }
 
+/// The symbol files of the rows of some sections.
+std::vector<std::u16string> symbolFiles(const ItemReferenceLine& line, const std::vector<size_t>& positions)
+{
+    std::vector<std::u16string> files;
+    const auto add = [&files](const auto& rows)
+    {
+        for (const auto& row : rows)
+            files.push_back(row.m_strFile);
+    };
+    for (const size_t position : positions)
+    {
+        const CrossSectionXdata& section = line.m_listCrossSections[position];
+        add(section.m_listBlockData1);
+        add(section.m_listBlockData2);
+        add(section.m_listBlockFcode1);
+        add(section.m_listBlockFcode2);
+    }
+    return files;
+}
+
 SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& section)
 {
     SectionReport report;
@@ -134,6 +154,7 @@ Report drawDrawing(const DrawOptions& options)
     if (confirm)
         dss.confirmSettings(options.library);
     const std::vector<size_t> erased = remembered(dss.line());
+    program.prepareSymbols(symbolFiles(dss.line(), positions));
     dss.draw();
 
     Report report;
@@ -152,6 +173,7 @@ Report drawDrawing(const DrawOptions& options)
     }
     dss.close();
     addUnreadable(report, program.session());
+    noteConversion(report, options.common.drawing);
     addNotes(report, database);
     failWhenStrict(report, options.strict);
     program.session().saveCurrent(toUtf16(options.output));

@@ -1,6 +1,7 @@
 #include "console/plan.h"
 
 #include "console/report_parts.h"
+#include "dbkit/symbol_block.h"
 #include "host/companion/measure_point.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/block_reference.h"
@@ -77,13 +78,6 @@ std::map<std::u16string, std::u16string, LessNoCase> tableFiles(CDialog& dialog)
     return files;
 }
 
-/// The name of the block that a symbol file becomes.
-std::u16string blockName(const std::u16string& file)
-{
-    const std::u16string name = file.substr(file.find_last_of(u'\\') + 1);
-    return name.size() > 4 ? name.substr(0, name.size() - 4) : std::u16string{};
-}
-
 void require(const UserAction& action)
 {
     if (!action)
@@ -107,6 +101,10 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         program.frontEnd().queue({toUtf16(table), std::nullopt});
         require(dialog.userClick(kOpenTable));
         files = tableFiles(dialog);
+        std::vector<std::u16string> paths;
+        for (const auto& [code, file] : files)
+            paths.push_back(file);
+        program.prepareSymbols(paths);
         require(dialog.userClick(IDOK));
     };
     program.command(u"DVBD");
@@ -118,7 +116,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     report.erased = total(before);
     std::set<std::u16string, LessNoCase> known;
     for (const auto& [code, file] : files)
-        known.insert(blockName(file));
+        known.insert(SymbolBlockName(file));
     size_t foreign = 0;
     for (const auto& [block, count] : before)
         foreign += known.contains(block) ? 0 : count;
@@ -129,6 +127,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         if (const auto row = files.find(code); row == files.end() || row->second.empty())
             report.withoutSymbol[toUtf8(code)] += count;
     addUnreadable(report, program.session());
+    noteConversion(report, options.common.drawing);
     if (!report.unreadable.empty())
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");

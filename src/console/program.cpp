@@ -1,10 +1,13 @@
 #include "console/program.h"
 
+#include "dbkit/symbol_block.h"
 #include "frame/entry/module.h"
+#include "host/drawing/table_index.h"
 #include "host/text.h"
 
 #include <filesystem>
 #include <iostream>
+#include <set>
 
 namespace console
 {
@@ -37,6 +40,16 @@ Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m
 AcApDocument* Program::open(const std::string& path)
 {
     return m_session.documents().open(toUtf16(path));
+}
+
+void Program::prepareSymbols(const std::vector<std::u16string>& files)
+{
+    TableIndex& tables = m_session.documents().curDocument()->database()->tables();
+    std::set<std::string> paths;
+    for (const std::u16string& file : files)
+        if (!file.empty() && tables.find("BLOCK_RECORD", SymbolBlockName(file)) == nullptr)
+            paths.insert(m_session.symbolFile(file));
+    m_reader.prepare({paths.begin(), paths.end()});
 }
 
 void Program::command(std::u16string_view name)

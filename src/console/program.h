@@ -1,8 +1,8 @@
 #pragma once
 
 #include "console/script_front_end.h"
-#include "files/dxf/reader.h"
 #include "files/dxf/writer.h"
+#include "files/reader.h"
 #include "host/app/session.h"
 
 #include <stdexcept>
@@ -39,11 +39,14 @@ public:
 
     /// Opens a drawing and makes it current.
     AcApDocument* open(const std::string& path);
+    /// Gets symbol files, named as the module names them, ready to be read; those whose block the current drawing has
+    /// already are left alone.
+    void prepareSymbols(const std::vector<std::u16string>& files);
     /// Runs a command by name; Failure when there is none.
     void command(std::u16string_view name);
 
 private:
-    files::DxfReader m_reader;
+    files::FileReader m_reader;
     files::DxfWriter m_writer;
     ScriptFrontEnd m_frontEnd;
     host::Session m_session;

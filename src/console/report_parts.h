@@ -12,6 +12,9 @@ namespace console
 /// Each symbol drawing that could not be read in the session, once, with the reason.
 void addUnreadable(Report& report, host::Session& session);
 
+/// A note when the drawing came from a DWG: it was converted, and what that may lose.
+void noteConversion(Report& report, const std::string& drawing);
+
 /// Failure for a report that names an unreadable symbol file, when the user asked for that.
 void failWhenStrict(const Report& report, bool strict);
 

@@ -1,9 +1,11 @@
 #include "files/dxf/writer.h"
 
+#include "files/error.h"
 #include "files/file_bytes.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
 #include "host/drawing/tags.h"
+#include "host/text.h"
 
 #include <algorithm>
 
@@ -138,6 +140,8 @@ void DrawingPieces::assemble(std::string_view file)
 
 void DxfWriter::write(AcDbDatabase& database, const std::string& path)
 {
+    if (path.size() > 4 && equalNoCase(toUtf16(path.substr(path.size() - 4)), u".dwg"))
+        throw FileError{path, "drawings are saved as DXF: give a name that ends in .dxf"};
     const DrawingPieces drawing{database};
     replaceFile(path, drawing.pieces(), true);
 }

@@ -97,6 +97,7 @@ void AcDbDatabase::adopt(DrawingStore store)
 Acad::ErrorStatus AcDbDatabase::readDwgFile(const char16_t* path, DwgShareMode, bool, const char16_t*)
 {
     host::Session& session = host::Session::current();
+    m_symbolPath = path;
     try
     {
         adopt(session.reader().read(session.symbolFile(path), DrawingReader::Purpose::Symbol));

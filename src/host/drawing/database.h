@@ -129,12 +129,14 @@ public:
 private:
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
+    Acad::ErrorStatus insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source);
     void noteChange(ObjectRecord& record);
     ObjectRecord& makeRecord(uint32_t container, std::string_view dxfName);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);
     bool isOnLockedLayer(const ObjectRecord& record);
 
     DrawingStore m_store;
+    std::u16string m_symbolPath; ///< what `readDwgFile` was asked for
     std::vector<Change> m_changes;
     uint64_t m_changeCount = 0;
     std::vector<const AcRxClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for

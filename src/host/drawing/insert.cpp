@@ -1,3 +1,4 @@
+#include "host/app/session.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity_curves.h"
@@ -151,9 +152,31 @@ void BlockCarrier::carrySubEntities(const std::vector<ObjectRecord*>& parts, uin
     m_target.setRecordText(end, m_entity.writeSequenceEnd(end.handle, owner));
 }
 
+/// Why a symbol drawing could not become a block, for a person.
+std::string reasonOf(Acad::ErrorStatus status)
+{
+    switch (status)
+    {
+    case Acad::eSelfReference:
+        return "its blocks contain each other in a circle";
+    case Acad::eInvalidInput:
+        return "its name (without the last four characters) cannot name a block";
+    default:
+        return "it could not be inserted as a block";
+    }
+}
+
 } // namespace
 
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source, bool)
+{
+    const Acad::ErrorStatus status = insertModelSpace(blockId, name, source);
+    if (status != Acad::eOk && source != nullptr && host::Session::hasCurrent() && !source->m_symbolPath.empty())
+        host::Session::current().unreadableFiles().push_back({source->m_symbolPath, reasonOf(status)});
+    return status;
+}
+
+Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source)
 {
     if (name == nullptr || source == nullptr || source == this || !isValidSymbolName(name))
         return Acad::eInvalidInput;

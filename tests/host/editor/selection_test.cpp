@@ -23,6 +23,10 @@ namespace
 class Chain
 {
 public:
+    Chain() = default;
+    Chain(const Chain&) = delete; // the nodes point into the texts
+    Chain(Chain&&) = default;
+
     Chain& add(int code, std::u16string text = {})
     {
         m_texts.push_back(std::move(text));
@@ -111,10 +115,10 @@ TEST(SelectAll, FollowsTheFileThroughAllSpacesAndLeavesBlockContentsOut)
     EXPECT_THAT(all(Chain{}.add(0, u"line")), ElementsAre(1, 2, 4)) << "names whatever their case";
 
     const TestLock lock;
-    AcDbObjectPointer<AcDbEntity>
     {
-        idsOf(u"X", {}, Chain{}.add(8, u"DONG")).at(0), AcDb::kForWrite
-        } -> erase();
+        const AcDbObjectPointer<AcDbEntity> frozen{idsOf(u"X", {}, Chain{}.add(8, u"DONG")).at(0), AcDb::kForWrite};
+        frozen->erase();
+    }
     EXPECT_THAT(all(Chain{}.add(0, u"LINE")), ElementsAre(1, 4));
 }
 
@@ -142,9 +146,10 @@ TEST(SelectAll, EvaluatesTheFilterAsItStands)
     EXPECT_THAT(all(Chain{}.add(-4, u"<xor").add(8, u"A").add(0, u"A1").add(-4, u"xor>")), ElementsAre(1, 2, 4));
     EXPECT_THAT(all(Chain{}.add(8, u"A*")), IsEmpty()) << "no patterns";
 
-    for (const Chain& damaged :
-         {Chain{}.add(-4, u"<and"), Chain{}.add(-4, u"<or").add(-4, u"and>"), Chain{}.add(-4, u">="), Chain{}.add(62)})
-        EXPECT_THAT(all(damaged), IsEmpty());
+    EXPECT_THAT(all(Chain{}.add(-4, u"<and")), IsEmpty()) << "damaged chains select nothing";
+    EXPECT_THAT(all(Chain{}.add(-4, u"<or").add(-4, u"and>")), IsEmpty());
+    EXPECT_THAT(all(Chain{}.add(-4, u">=")), IsEmpty());
+    EXPECT_THAT(all(Chain{}.add(62)), IsEmpty());
 }
 
 TEST(SelectAll, KeepsUpWithWhatIsAddedAndBroughtBack)

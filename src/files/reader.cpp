@@ -1,0 +1,56 @@
+#include "files/reader.h"
+
+#include "files/dxf/reader.h"
+#include "files/error.h"
+#include "files/file_bytes.h"
+
+#include <fstream>
+
+namespace files
+{
+
+namespace
+{
+
+FileText textOf(std::string dxf)
+{
+    const auto text = std::make_shared<const std::string>(std::move(dxf));
+    return {std::shared_ptr<const char>{text, text->data()}, text->size()};
+}
+
+} // namespace
+
+bool isDwgFile(const std::string& path)
+{
+    char begin[64];
+    std::ifstream file{path, std::ios::binary};
+    file.read(begin, sizeof begin);
+    return dwg::isDwg({begin, static_cast<size_t>(file.gcount())});
+}
+
+DrawingStore FileReader::read(const std::string& path, Purpose purpose)
+{
+    FileText bytes = readFile(path);
+    if (!dwg::isDwg(bytes.view()))
+        return readDxf(std::move(bytes), path, purpose);
+    auto prepared = m_prepared.extract(path);
+    dwg::Outcome outcome = prepared ? std::move(prepared.mapped()) : dwg::convert({path}, m_options).front();
+    if (!outcome.ok())
+        throw FileError{path, outcome.reason};
+    return readDxf(textOf(std::move(outcome.dxf)), path, purpose);
+}
+
+void FileReader::prepare(const std::vector<std::string>& paths)
+{
+    std::vector<std::filesystem::path> drawings;
+    for (const std::string& path : paths)
+        if (!m_prepared.contains(path) && isDwgFile(path))
+            drawings.emplace_back(path);
+    if (drawings.empty())
+        return;
+    std::vector<dwg::Outcome> outcomes = dwg::convert(drawings, m_options);
+    for (size_t i = 0; i < drawings.size(); ++i)
+        m_prepared.insert_or_assign(drawings[i].string(), std::move(outcomes[i]));
+}
+
+} // namespace files

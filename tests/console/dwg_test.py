@@ -1,0 +1,60 @@
+#!/usr/bin/env python3
+"""DWG drawings: as symbols of a library, and opened to be looked at. Skipped where the real files or the converter are not."""
+import json
+import os
+import shutil
+import unittest
+from unittest import mock
+
+from program import REAL_DATA, SAMPLE, SOURCE, ProgramTest, main
+
+DRAWINGS = REAL_DATA / "dwg"
+CONVERTER = SOURCE / "tools" / "dwg2dxf" / "node_modules"
+
+
+@unittest.skipUnless(DRAWINGS.exists() and CONVERTER.exists() and shutil.which("node"),
+                     "no real DWG files, or the converter is not installed")
+class Dwg(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        cache = mock.patch.dict(os.environ, {"XDG_CACHE_HOME": str(self.folder / "cache")})
+        cache.start()
+        self.addCleanup(cache.stop)
+
+    def library(self, *symbols):
+        path = self.folder / "dwg.dv"
+        names = ("R·nh", "M­¬ng", "M\u00d0p ®­êng")
+        path.write_bytes(("[SYMBOL]\n" + "".join(f"{name},D:\\Symbols\\{symbol},1,1,0\n"
+                                                 for name, symbol in zip(names, symbols))).encode("latin-1"))
+        return path
+
+    def test_symbols_are_converted_once_and_broken_ones_are_told(self):
+        broken = self.folder / "Broken.dwg"
+        broken.write_bytes((DRAWINGS / "example_2004.dwg").read_bytes()[:3000])
+        library = self.library("2013_circle.dwg", "2007_Arc.dwg", "Broken.dwg")
+        for _ in range(2):
+            out = self.folder / "out.dxf"
+            report = self.draw(SAMPLE, out, "--library", library, "--symbols", DRAWINGS, "--symbols", self.folder)
+            self.assertEqual([entry["path"] for entry in report["unreadable"]], ["D:\\Symbols\\Broken.dwg"])
+            blocks = json.loads(self.run_program("info", out, "--json", "--settings", self.settings)[0])["blocks"]
+            self.assertLessEqual({"2013_circle", "2007_Arc"}, {block["name"] for block in blocks})
+            self.assert_sound(out)
+        self.assertEqual(len(list((self.folder / "cache").rglob("*.dxf"))), 2)
+
+    def test_a_dwg_can_be_looked_at_but_is_not_saved_as_one(self):
+        info = json.loads(self.run_program("info", DRAWINGS / "example_2010.dwg", "--json")[0])
+        self.assertGreater(sum(info["types"].values()), 10)
+        script = self.folder / "script.txt"
+        script.write_text(f'open "{DRAWINGS / "2013_circle.dwg"}"\nsave "{self.folder / "copy.dwg"}"\n')
+        _, err = self.run_program("script", script, status=1)
+        self.assertIn("saved as DXF", err)
+        self.assertFalse((self.folder / "copy.dwg").exists())
+
+    def test_without_node_it_says_so(self):
+        with mock.patch.dict(os.environ, {"PATH": str(self.folder)}):
+            _, err = self.run_program("info", DRAWINGS / "2013_circle.dwg", status=1)
+        self.assertIn("Node", err)
+
+
+if __name__ == "__main__":
+    main()
