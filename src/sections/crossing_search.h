@@ -44,7 +44,10 @@ private:
     {
         uint32_t line;
         uint32_t segment;
-        auto operator<=>(const Pair&) const = default;
+        bool operator<(const Pair& other) const
+        {
+            return line != other.line ? line < other.line : segment < other.segment;
+        }
     };
 
     void collect(std::span<const AcGePoint2d> path, size_t first, size_t last);

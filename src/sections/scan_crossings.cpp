@@ -41,6 +41,7 @@ void AddCrossingRows(const AcDbObjectIdArray& polylines, const RememberedSetting
                      const std::vector<CrossSectionXdata*>& sections)
 {
     std::vector<SearchLine> lines;
+    lines.reserve(sections.size());
     for (const CrossSectionXdata* section : sections)
         lines.push_back(searchLineOf(*section));
     CrossingSearch search(lines);

@@ -98,6 +98,6 @@ void SectionGrid::walk(const SearchLine& line, uint32_t index, std::vector<Entry
         from = to;
     }
     const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(first);
-    std::sort(begin, entries.end());
+    std::sort(begin, entries.end(), [](const Entry& a, const Entry& b) { return a.cell < b.cell; });
     entries.erase(std::unique(begin, entries.end()), entries.end());
 }

@@ -3,7 +3,6 @@
 #include "host/geometry/segment2d.h"
 
 #include <bit>
-#include <compare>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -61,7 +60,7 @@ private:
     {
         uint32_t cell;
         uint32_t line;
-        auto operator<=>(const Entry&) const = default;
+        bool operator==(const Entry&) const = default;
     };
 
     static constexpr double kMostCells = 0x1p50;
