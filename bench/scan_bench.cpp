@@ -20,7 +20,7 @@ void Scan(benchmark::State& state, const char* name)
         const bench::CpuClock clock;
         ScanCrossSections(found);
         state.SetIterationTime(clock.seconds());
-        if (found.m_listReferenceLines.size() == 0)
+        if (found.m_listReferenceLines.empty())
             state.SkipWithError("nothing found");
     }
 }

@@ -102,6 +102,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         require(dialog.userClick(kOpenTable));
         files = tableFiles(dialog);
         std::vector<std::u16string> paths;
+        paths.reserve(files.size());
         for (const auto& [code, file] : files)
             paths.push_back(file);
         program.prepareSymbols(paths);

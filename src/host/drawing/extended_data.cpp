@@ -173,7 +173,7 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain)
     if (m_fresh)
         m_freshXData = std::move(text);
     else
-        setPairs(std::move(text));
+        setPairs(text);
     return Acad::eOk;
 }
 

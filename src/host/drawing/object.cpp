@@ -113,7 +113,7 @@ std::string_view AcDbObject::pairs() const
     return m_record != nullptr && !m_fresh ? m_record->view() : std::string_view{};
 }
 
-void AcDbObject::setPairs(std::string text)
+void AcDbObject::setPairs(std::string_view text)
 {
     m_record->database->setRecordText(*m_record, text);
 }

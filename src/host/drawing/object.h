@@ -108,7 +108,7 @@ protected:
     /// The object's own pairs as they are now; empty for an object made here and not closed yet.
     std::string_view pairs() const;
     /// Replaces the whole text of a loaded object (its changed pairs); noted as changed in the database.
-    void setPairs(std::string text);
+    void setPairs(std::string_view text);
     bool isFresh() const { return m_fresh; }
     std::u16string decodeText(std::string_view bytes) const;
     std::string encodeText(std::u16string_view text) const;

@@ -28,6 +28,7 @@ public:
             iconv_close(m_state);
     }
 
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how iconv_open says that it failed
     bool isOpen() const { return m_state != reinterpret_cast<iconv_t>(-1); }
 
     /// Converts as much of `input` as has a meaning, moving it forward; the rest begins with what has none.
