@@ -6,6 +6,7 @@
 #include "console/progress.h"
 #include "console/rows_json.h"
 #include "console/script_runner.h"
+#include "console/symbol_folders.h"
 #include "files/file_bytes.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
@@ -30,18 +31,28 @@ constexpr const char* kFooter =
     "  veloxa erase drawn.dxf -o clean.dxf                    take it all back\n"
     "Exit status: 0 done, 1 could not be done (standard error says why), 2 wrong usage.";
 
-void addCommon(CLI::App& command, CommonOptions& options)
+void addSettings(CLI::App& command, CommonOptions& options)
 {
-    command.add_option("drawing", options.drawing, "the drawing, a DXF file of R2000 or newer")->required();
     command.add_flag("--json", options.json, "print the result as one line of JSON");
     command.add_option("--settings", options.settingsFolder, "folder of the settings, in place of the user's own")
         ->type_name("DIR");
-    command
-        .add_option("--symbols", options.symbolFolders,
-                    "folder in which symbol files are looked for by name (may be given more than once)")
+}
+
+/// An option that takes a folder each time it is given.
+void addFolders(CLI::App& command, const char* name, std::vector<std::string>& folders, const char* description)
+{
+    command.add_option(name, folders, description)
         ->type_name("DIR")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+void addCommon(CLI::App& command, CommonOptions& options)
+{
+    command.add_option("drawing", options.drawing, "the drawing, a DXF file of R2000 or newer, or a DWG")->required();
+    addSettings(command, options);
+    addFolders(command, "--symbols", options.symbolFolders,
+               "folder in which symbol files are looked for by name (may be given more than once)");
 }
 
 void scan(const CommonOptions& options, bool nearby)
@@ -75,6 +86,29 @@ void script(const std::string& file, const CommonOptions& options)
     ScriptRunner{program, parseScript(text.view()), std::cout}.run();
 }
 
+/// What the user wants of the list of symbol folders.
+struct FolderChanges
+{
+    std::vector<std::string> added;
+    std::vector<std::string> removed;
+};
+
+void symbolFolders(const FolderChanges& changes, const CommonOptions& options)
+{
+    SymbolFolderList list{options.settingsFolder};
+    for (const std::string& folder : changes.removed)
+        list.remove(folder);
+    for (const std::string& folder : changes.added)
+        list.add(folder);
+    if (!changes.added.empty() || !changes.removed.empty())
+        list.save();
+    if (options.json)
+        std::cout << oneLine({{"file", list.file()}, {"folders", list.folders()}}) << '\n';
+    else
+        for (const std::string& folder : list.folders())
+            std::cout << folder << (std::filesystem::is_directory(folder) ? "\n" : "  (no such folder now)\n");
+}
+
 void print(const Report& report, bool json)
 {
     std::cout << (json ? oneLine(report.json()) + "\n" : report.text());
@@ -101,6 +135,7 @@ public:
         addScript();
         addInfo();
         addPlan();
+        addFolderList();
         addLater("check", "what is missing before drawing: symbol files, codes, ground lines");
         addLater("render", "a picture of the drawing");
     }
@@ -195,6 +230,16 @@ private:
         addCommon(command, m_options.common);
     }
 
+    void addFolderList()
+    {
+        CLI::App& command =
+            add("folders", "show and change the list of folders in which symbol files are always looked for",
+                [this] { symbolFolders(m_folders, m_options.common); });
+        addSettings(command, m_options.common);
+        addFolders(command, "--add", m_folders.added, "folder to put into the list (may be given more than once)");
+        addFolders(command, "--remove", m_folders.removed, "folder to take out of it, before any is put in");
+    }
+
     void addLater(const char* name, const char* description)
     {
         CLI::App& command = add(name, description, [name] { comesLater(std::string{"veloxa "} + name); });
@@ -206,6 +251,7 @@ private:
     std::vector<std::string> m_drawings;
     std::string m_script;
     std::string m_plan;
+    FolderChanges m_folders;
     std::function<void()> m_action;
 };
 

@@ -1,5 +1,6 @@
 #include "console/program.h"
 
+#include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
 #include "frame/entry/module.h"
 #include "host/drawing/table_index.h"
@@ -20,6 +21,9 @@ host::SessionOptions sessionOptions(const CommonOptions& options)
     host::SessionOptions session;
     session.userDataFolder = options.settingsFolder;
     session.symbolFolders = options.symbolFolders;
+    const SymbolFolderList kept{options.settingsFolder};
+    session.symbolFolders.insert(session.symbolFolders.end(), kept.folders().begin(), kept.folders().end());
+    session.symbolFolders.push_back(programFolder() + "/symbols");
     return session;
 }
 
@@ -46,9 +50,10 @@ void Program::prepareSymbols(const std::vector<std::u16string>& files)
 {
     TableIndex& tables = m_session.documents().curDocument()->database()->tables();
     std::set<std::string> paths;
-    for (const std::u16string& file : files)
+    for (const std::u16string& file : std::set<std::u16string>{files.begin(), files.end()})
         if (!file.empty() && tables.find("BLOCK_RECORD", SymbolBlockName(file)) == nullptr)
-            paths.insert(m_session.symbolFile(file));
+            if (auto path = m_session.symbolSearch().find(file))
+                paths.insert(std::move(*path));
     m_reader.prepare({paths.begin(), paths.end()});
 }
 

@@ -18,9 +18,23 @@ std::u16string withLastLevel(std::u16string folder)
     return folder;
 }
 
+std::u16string fallbackFolder()
+{
+    const char* folder = std::getenv("AppData");
+    return toUtf16(folder != nullptr ? folder : "");
+}
+
 } // namespace
 
 std::u16string ModuleFolder;
+
+std::u16string UserDataPath()
+{
+    if (const auto given = dataFolderOverride())
+        return *given;
+    const std::u16string roaming = roamingPath();
+    return (roaming.empty() ? fallbackFolder() : roaming) + kModuleData;
+}
 
 std::u16string UserDataFolder()
 {
@@ -28,6 +42,5 @@ std::u16string UserDataFolder()
         return withLastLevel(*given);
     if (const auto roaming = roamingFolder())
         return withLastLevel(*roaming + kModuleData);
-    const char* fallback = std::getenv("AppData");
-    return toUtf16(fallback != nullptr ? fallback : "") + kModuleData;
+    return fallbackFolder() + kModuleData;
 }

@@ -9,7 +9,10 @@
 /// Empty until the module starts.
 extern std::u16string ModuleFolder;
 
-/// The user's folder of the module (or the one that the session was given in its place), for settings, last states and
-/// the scratch file. Its last level is made here when it is missing; that it cannot be made shows when a file in it
-/// cannot be written.
+/// Where the user's folder of the module is (or the one that the session was given in its place), whether it exists or
+/// not.
+std::u16string UserDataPath();
+
+/// That folder, for settings, last states and the scratch file. Its last level is made here when it is missing; that it
+/// cannot be made shows when a file in it cannot be written.
 std::u16string UserDataFolder();

@@ -40,6 +40,11 @@ std::optional<std::u16string> roamingFolder()
     return toUtf16(folder.string());
 }
 
+std::u16string roamingPath()
+{
+    return toUtf16(configHome().string());
+}
+
 std::optional<std::u16string> dataFolderOverride()
 {
     if (!host::Session::hasCurrent() || host::Session::current().options().userDataFolder.empty())

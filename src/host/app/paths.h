@@ -13,5 +13,8 @@ std::string nativePath(std::u16string_view path);
 /// there is none and none can be made.
 std::optional<std::u16string> roamingFolder();
 
+/// Where that folder is, whether it exists or not; empty when there is none.
+std::u16string roamingPath();
+
 /// The folder that stands in for the user's folder of the module in this session; nothing when none does.
 std::optional<std::u16string> dataFolderOverride();

@@ -43,7 +43,8 @@ std::vector<std::u16string> wordsOf(std::u16string_view line)
 } // namespace
 
 Session::Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEnd, SessionOptions options)
-    : m_outer{innermost}, m_reader{reader}, m_writer{writer}, m_frontEnd{frontEnd}, m_options{std::move(options)}
+    : m_outer{innermost}, m_reader{reader}, m_writer{writer}, m_frontEnd{frontEnd}, m_options{std::move(options)},
+      m_symbolSearch{m_options.symbolFolders}
 {
     innermost = this;
     if (m_options.userDataFolder.empty())
@@ -146,21 +147,6 @@ void Session::saveCurrent(const std::u16string& path)
         throw std::runtime_error("there is no drawing to save");
     m_writer.write(*document->database(), nativePath(path));
     document->setFileName(path);
-}
-
-std::string Session::symbolFile(std::u16string_view path) const
-{
-    namespace fs = std::filesystem;
-    std::string own = nativePath(path);
-    std::error_code ignored;
-    if (fs::is_regular_file(own, ignored))
-        return own;
-    const std::u16string name = toUtf16(fs::path(own).filename().string());
-    for (const std::string& folder : m_options.symbolFolders)
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored))
-            if (equalNoCase(toUtf16(entry.path().filename().string()), name) && entry.is_regular_file(ignored))
-                return entry.path().string();
-    return own;
 }
 
 bool writeAllowed(const AcDbDatabase* database)

@@ -4,6 +4,7 @@
 #include "host/app/faults.h"
 #include "host/app/ledger.h"
 #include "host/app/registry.h"
+#include "host/app/symbol_search.h"
 #include "host/drawing/drawing_io.h"
 #include "host/ui/front_end.h"
 
@@ -72,9 +73,8 @@ public:
 
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
 
-    /// The real path to read for a symbol file as the module names it: the path itself when it exists, else the first
-    /// file of that name (letter case ignored) in the session's symbol folders, else the path itself.
-    std::string symbolFile(std::u16string_view path) const;
+    /// Finds symbol files, named as the module names them, in the session's symbol folders too.
+    const SymbolSearch& symbolSearch() const { return m_symbolSearch; }
 
 private:
     bool runLine(std::u16string_view line);
@@ -84,6 +84,7 @@ private:
     DrawingWriter& m_writer;
     FrontEnd& m_frontEnd;
     SessionOptions m_options;
+    SymbolSearch m_symbolSearch;
     Faults m_noFaults;
     Faults* m_faults = &m_noFaults;
     AcEditor m_editor;

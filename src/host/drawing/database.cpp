@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <stdexcept>
 
 namespace
 {
@@ -100,7 +101,10 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const char16_t* path, DwgShareMode, 
     m_symbolPath = path;
     try
     {
-        adopt(session.reader().read(session.symbolFile(path), DrawingReader::Purpose::Symbol));
+        const std::optional<std::string> file = session.symbolSearch().find(path);
+        if (!file)
+            throw std::runtime_error{session.symbolSearch().whyMissing(path)};
+        adopt(session.reader().read(*file, DrawingReader::Purpose::Symbol));
         return Acad::eOk;
     }
     catch (const std::exception& error)

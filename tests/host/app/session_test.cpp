@@ -106,16 +106,31 @@ TEST(Session, MakesTheFolderOfTheUsersDataUnlessItIsGivenOne)
     EXPECT_TRUE(std::filesystem::is_directory(home.path() / "config/PLX"));
 }
 
-TEST(Session, FindsSymbolFilesByNameInItsFolders)
+TEST(Session, FindsSymbolFilesAtTheirPathOrByNameInItsFolders)
 {
-    const TempFolder symbols;
-    symbols.write("CAY.dxf", "");
-    TestSession test{{"", {"/nowhere", symbols.path().string()}}};
-    test.folder().write("own.dxf", "");
-    EXPECT_EQ(test.session().symbolFile(test.folder().modulePath("own.dxf")),
-              (test.folder().path() / "own.dxf").string());
-    EXPECT_EQ(test.session().symbolFile(u"D:\\Ký hiệu\\cay.DXF"), (symbols.path() / "CAY.dxf").string());
-    EXPECT_EQ(test.session().symbolFile(u"D:\\none.dxf"), "D:/none.dxf");
+    const TempFolder first;
+    const TempFolder second;
+    for (const char* name : {"CAY.dxf", "Giếng.DWG", "both.dxf", "Both.dxf"})
+        second.write(name, "");
+    first.write("cot.dxf", "");
+    second.write("cot.dxf", "");
+    std::filesystem::create_directory(first.path() / "cay.dxf");
+    TestSession test{{"", {"/nowhere", first.path().string(), second.path().string()}}};
+    const host::SymbolSearch& search = test.session().symbolSearch();
+    test.folder().write("Own.dxf", "");
+    second.write("own.dxf", "");
+    const std::string own = (test.folder().path() / "Own.dxf").string();
+    EXPECT_EQ(search.find(test.folder().modulePath("Own.dxf")), own);
+    EXPECT_EQ(search.find(test.folder().modulePath("OWN.DXF")), own) << "letter case counts no more than the folder";
+    EXPECT_EQ(search.find(u"D:\\Ký hiệu\\cay.DXF"), (second.path() / "CAY.dxf").string()) << "a folder is no file";
+    EXPECT_EQ(search.find(u"D:/Ký hiệu\\giẾng.dwg"), (second.path() / "Giếng.DWG").string());
+    EXPECT_EQ(search.find(u"D:cot.dxf"), (first.path() / "cot.dxf").string()) << "folders in their order";
+    EXPECT_EQ(search.find(u"x\\both.dxf"), (second.path() / "both.dxf").string());
+    EXPECT_EQ(search.find(u"x\\BOTH.dxf"), (second.path() / "Both.dxf").string());
+    for (const auto* path : {u"D:\\none.dxf", u"D:\\", u"", u"D:"})
+        EXPECT_EQ(search.find(path), std::nullopt);
+    EXPECT_EQ(search.whyMissing(u"D:\\a\\none.dxf"), "D:/a/none.dxf: no such file, and no none.dxf in /nowhere, " +
+                                                         first.path().string() + ", " + second.path().string());
 }
 
 TEST(Documents, AreAnnouncedOpenedAndClosed)
