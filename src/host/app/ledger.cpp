@@ -1,8 +1,12 @@
 #include "host/app/ledger.h"
 
+namespace
+{
+constinit Ledger processLedger;
+}
+
 Ledger& ledger()
 {
-    static Ledger processLedger;
     return processLedger;
 }
 

@@ -227,7 +227,6 @@ ObjectRecord& AcDbDatabase::makeRecord(uint32_t container, std::string_view dxfN
     record.container = container;
     record.kind = m_store.kindOf(dxfName);
     record.set(ObjectRecord::kAdded, true);
-    m_handles->add(record);
     noteChange(record);
     return record;
 }
@@ -263,7 +262,7 @@ void AcDbDatabase::noteChange(ObjectRecord& record)
 void AcDbDatabase::setRecordText(ObjectRecord& record, std::string_view text)
 {
     noteChange(record);
-    auto copy = std::make_unique<char[]>(text.size());
+    auto copy = std::make_unique_for_overwrite<char[]>(text.size());
     std::memcpy(copy.get(), text.data(), text.size());
     if (record.has(ObjectRecord::kOwnText))
         const std::unique_ptr<const char[]> earlier{record.text};

@@ -110,6 +110,15 @@ void intersectAll(const std::vector<CurvePath>& a, const std::vector<CurvePath>&
     }
 }
 
+/// Where one path meets another; by its index when it has one.
+void intersectShapes(const IndexedPath* indexed, const CurvePath& own, const CurvePath& other, AcGePoint3dArray& points)
+{
+    if (indexed != nullptr)
+        indexed->intersect(other, points);
+    else
+        intersect(own, other, points);
+}
+
 } // namespace
 
 bool AcDbEntity::mayChange()
@@ -215,13 +224,14 @@ Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* other, AcDb::Inter
         intersectAll(curves(), other->curves(), points);
         return Acad::eOk;
     }
-    AcGePoint3dArray met;
-    AcGePoint3dArray& found = points.empty() ? points : met;
-    if (const IndexedPath* indexed = path())
-        indexed->intersect(*others, found);
+    if (points.empty())
+        intersectShapes(path(), *own, *others, points);
     else
-        intersect(*own, *others, found);
-    points.insert(points.end(), met.begin(), met.end());
+    {
+        AcGePoint3dArray met;
+        intersectShapes(path(), *own, *others, met);
+        points.insert(points.end(), met.begin(), met.end());
+    }
     return Acad::eOk;
 }
 

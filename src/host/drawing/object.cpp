@@ -142,7 +142,8 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     AcDbDatabase& database = *record->database;
     if (kind != AcDbObject::desc() && !database.classOf(*record)->isDerivedFrom(kind))
         return Acad::eNotThatKindOfClass;
-    if (record->resident != nullptr && record->resident->m_writing)
+    AcDbObject* const resident = record->resident;
+    if (resident != nullptr && resident->m_writing)
     {
         if (mode == AcDb::kForWrite)
             ledger().faults.push_back("an object was opened for write that is open for write already");
@@ -150,7 +151,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     }
     if (mode == AcDb::kForWrite)
     {
-        if (record->resident != nullptr && record->resident->isOpen())
+        if (resident != nullptr && resident->isOpen())
         {
             ledger().faults.push_back("an object was opened for write that is open for read elsewhere");
             return Acad::eWasOpenForRead;

@@ -17,15 +17,22 @@ std::u16string nameOfRecord(const ObjectRecord& record)
 
 TableIndex::Table& TableIndex::load(std::string_view name)
 {
-    const auto [at, fresh] = m_tables.try_emplace(std::string{name});
-    Table& table = at->second;
-    if (!fresh)
-        return table;
+    for (Table& table : m_tables)
+        if (table.name == name)
+            return table;
+    Table& table = m_tables.emplace_back();
+    table.name = name;
+    read(table);
+    return table;
+}
+
+void TableIndex::read(Table& table)
+{
     DrawingStore& store = m_database.store();
     for (uint32_t i = 0; i < store.containers.size(); ++i)
     {
         const Container& container = store.containers[i];
-        if (container.kind != Container::kTable || container.name != name)
+        if (container.kind != Container::kTable || container.name != table.name)
             continue;
         table.container = i;
         for (size_t order = container.first; order < container.last; ++order)
@@ -35,7 +42,6 @@ TableIndex::Table& TableIndex::load(std::string_view name)
     }
     for (ObjectRecord* record : table.records)
         table.byName.emplace(nameOfRecord(*record), record);
-    return table;
 }
 
 ObjectRecord* TableIndex::table(std::string_view name)
@@ -52,7 +58,7 @@ uint32_t TableIndex::container(std::string_view table)
 ObjectRecord* TableIndex::find(std::string_view tableName, std::u16string_view name, bool erasedToo)
 {
     const Table& table = load(tableName);
-    const auto found = table.byName.find(std::u16string{name});
+    const auto found = table.byName.find(name);
     if (found == table.byName.end() || (!erasedToo && found->second->has(ObjectRecord::kErased)))
         return nullptr;
     return found->second;

@@ -4,6 +4,7 @@
 #include "host/drawing/record.h"
 #include "host/text.h"
 
+#include <list>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -33,15 +34,17 @@ public:
 private:
     struct Table
     {
+        std::string name;
         uint32_t container = npos;
         std::vector<ObjectRecord*> records;
         std::unordered_map<std::u16string, ObjectRecord*, HashNoCase, EqualNoCase> byName;
     };
 
     Table& load(std::string_view name);
+    void read(Table& table);
 
     AcDbDatabase& m_database;
-    std::unordered_map<std::string, Table> m_tables;
+    std::list<Table> m_tables; ///< a handful: looked through, not hashed
 };
 
 /// The name (code 2) of a table record, decoded.

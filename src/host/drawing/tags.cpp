@@ -113,13 +113,11 @@ AcGePoint3d TagReader::pointFrom(const Tag& x)
 
 void TagWriter::code(int value)
 {
-    char buffer[16];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value);
-    const auto length = static_cast<size_t>(end - buffer);
-    if (length < 3)
-        m_text.append(3 - length, ' ');
-    m_text.append(buffer, length);
-    m_text += '\n';
+    char buffer[16] = {' ', ' '};
+    char* const digits = buffer + (value >= 100 || value < -9 ? 0 : value >= 10 || value < 0 ? 1 : 2);
+    char* const end = std::to_chars(digits, buffer + sizeof buffer - 1, value).ptr;
+    *end = '\n';
+    m_text.append(buffer, static_cast<size_t>(end + 1 - buffer));
 }
 
 void TagWriter::text(int group, std::string_view value)
@@ -138,11 +136,17 @@ void TagWriter::integer(int group, int64_t value)
 
 void TagWriter::real(int group, double value)
 {
+    constexpr double kLongestAsWhole = 1e5; // from here on the shortest form has an exponent
     if (!std::isfinite(value))
         value = 0.0;
     char buffer[40];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer - 2, value);
-    std::string_view shown{buffer, static_cast<size_t>(end - buffer)};
+    char* end = nullptr;
+    const bool small = std::fabs(value) < kLongestAsWhole && !(value == 0.0 && std::signbit(value));
+    if (const int whole = small ? static_cast<int>(value) : 0; small && whole == value)
+        end = std::to_chars(buffer, buffer + sizeof buffer, whole).ptr;
+    else
+        end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+    const std::string_view shown{buffer, static_cast<size_t>(end - buffer)};
     code(group);
     m_text.append(shown);
     if (shown.find_first_of(".eE") == std::string_view::npos)

@@ -15,6 +15,15 @@ public:
 
     void add(const AcGePoint3d& p) { m_points.push_back(p); }
 
+    /// Adds the one place where a segment is met and ends the segment.
+    void addOnly(const AcGePoint3d& p)
+    {
+        if (!m_points.empty() && isSamePlace(m_points.back(), p))
+            return;
+        m_points.push_back(p);
+        m_done = m_points.size();
+    }
+
     /// Ends a segment of the path: orders what was added since the last by `keyOf`, drops what the list ended with.
     template <typename KeyOf>
     void endSegment(const KeyOf& keyOf)

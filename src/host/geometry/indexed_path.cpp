@@ -30,10 +30,24 @@ bool neverTurnsBack(const CurvePath& path, double sign)
 
 } // namespace
 
+/// How far a search reaches: the other's box, and the widest tolerance that any of its segments is held to. What lies
+/// farther out is what the plain way finds too far apart.
+struct IndexedPath::Reach
+{
+    explicit Reach(const Box2d& other)
+        : gap(placeTolerance(other.magnitude())), box{other.minX - gap, other.minY - gap, other.maxX + gap,
+                                                      other.maxY + gap}
+    {
+    }
+
+    double gap;
+    Box2d box;
+};
+
 void IndexedPath::prepare() const
 {
     const bool ordered = m_path.segmentCount() > 0 && m_path.segmentCount() < kMostOrdered && !m_path.isClosed() &&
-                         isStraightAndUsable(m_path);
+                         m_path.vertices().front().x != m_path.vertices().back().x && isStraightAndUsable(m_path);
     if (ordered && neverTurnsBack(m_path, 1.0))
         m_order = Order::RisingX;
     else if (ordered && neverTurnsBack(m_path, -1.0))
@@ -76,7 +90,7 @@ std::size_t IndexedPath::cellOf(double signedX) const
 }
 
 /// The first segment of an ordered path whose far end reaches `x` (of a falling one: comes down to it).
-std::size_t IndexedPath::firstReaching(double x) const
+inline std::size_t IndexedPath::firstReaching(double x) const
 {
     const double sought = m_sign * x;
     const std::size_t cell = cellOf(sought);
@@ -86,35 +100,62 @@ std::size_t IndexedPath::firstReaching(double x) const
                                     first);
 }
 
+/// Kept out of line: it is seldom needed, and what asks for it is asked millions of times.
+[[gnu::noinline]] void IndexedPath::addByCloserLook(std::size_t segment, const BoxedSegment& other,
+                                                    CrossingList& list) const
+{
+    addCrossingsOfSegment(m_path, segment, other, list);
+}
+
+/// Adds where a segment of an ordered path, straight and usable therefore, meets a segment. Where the wider tolerance
+/// leaves no doubt, the one that holds for the two leaves none.
+inline void IndexedPath::addSegment(std::size_t segment, const BoxedSegment& other, double gap,
+                                    CrossingList& list) const
+{
+    const PathVertex& from = m_path.segmentStart(segment);
+    const PathVertex& to = m_path.segmentEnd(segment);
+    AcGePoint2d place;
+    const Meeting meeting = other.bulge == 0.0
+                                ? meetingOf({{from.x, from.y}, {to.x, to.y}}, {other.from, other.to}, gap, place)
+                                : Meeting::Unclear;
+    if (meeting == Meeting::Unclear)
+        addByCloserLook(segment, other, list);
+    else if (meeting == Meeting::Crossing)
+        list.addOnly({place.x, place.y, m_path.elevation()});
+}
+
+inline void IndexedPath::addSegment(std::size_t segment, const CurvePath& other, double, CrossingList& list) const
+{
+    addCrossingsOfSegment(m_path, segment, other, list);
+}
+
 template <typename Other>
-void IndexedPath::searchOrdered(const Other& other, const Box2d& reach, CrossingList& list) const
+void IndexedPath::searchOrdered(const Other& other, const Reach& reach, CrossingList& list) const
 {
     const bool rising = m_order == Order::RisingX;
     const std::size_t count = m_path.segmentCount();
-    const double last = rising ? reach.maxX : -reach.minX;
-    for (std::size_t i = firstReaching(rising ? reach.minX : reach.maxX); i < count; ++i)
+    const double last = rising ? reach.box.maxX : -reach.box.minX;
+    for (std::size_t i = firstReaching(rising ? reach.box.minX : reach.box.maxX); i < count; ++i)
     {
         if (m_sign * m_path.segmentStart(i).x > last)
             return;
-        addCrossingsOfSegment(m_path, i, other, list);
+        addSegment(i, other, reach.gap, list);
     }
 }
 
 template <typename Other>
-void IndexedPath::searchBoxes(const Other& other, const Box2d& reach, CrossingList& list) const
+void IndexedPath::searchBoxes(const Other& other, const Reach& reach, CrossingList& list) const
 {
     const std::size_t count = m_path.segmentCount();
     for (std::size_t chunk = 0; chunk < m_boxes.size(); ++chunk)
     {
-        if (m_boxes[chunk].isApart(reach, 0.0))
+        if (m_boxes[chunk].isApart(reach.box, 0.0))
             continue;
         for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i)
             addCrossingsOfSegment(m_path, i, other, list);
     }
 }
 
-/// `reach` is the other's box widened by the widest tolerance any of its segments is held to, so that what is left out
-/// here is what the plain way finds too far apart.
 template <typename Other>
 void IndexedPath::search(const Other& other, const Box2d& otherBox, AcGePoint3dArray& points) const
 {
@@ -123,12 +164,10 @@ void IndexedPath::search(const Other& other, const Box2d& otherBox, AcGePoint3dA
         return;
     if (m_order == Order::Unknown)
         prepare();
-    const double gap = placeTolerance(otherBox.magnitude());
-    const Box2d reach{otherBox.minX - gap, otherBox.minY - gap, otherBox.maxX + gap, otherBox.maxY + gap};
-    if (m_order == Order::Boxes)
-        searchBoxes(other, reach, list);
-    else
-        searchOrdered(other, reach, list);
+    const Reach reach{otherBox};
+    if (m_order != Order::Boxes)
+        return searchOrdered(other, reach, list); // an ordered path never ends where it began
+    searchBoxes(other, reach, list);
     endCrossings(m_path, list);
 }
 

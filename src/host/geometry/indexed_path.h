@@ -5,6 +5,7 @@
 #include <cstdint>
 
 class CrossingList;
+struct BoxedSegment;
 
 /// A path that is asked many times where others meet it. Owns the path and beside it an index made at the first
 /// question: a level path of straight segments that never turns back in x is looked up in a table over x, any other
@@ -34,12 +35,17 @@ private:
     };
     static constexpr std::size_t kChunk = 16;
 
+    struct Reach;
+
     template <typename Other>
     void search(const Other& other, const Box2d& otherBox, AcGePoint3dArray& points) const;
     template <typename Other>
-    void searchOrdered(const Other& other, const Box2d& reach, CrossingList& list) const;
+    void searchOrdered(const Other& other, const Reach& reach, CrossingList& list) const;
+    void addSegment(std::size_t segment, const BoxedSegment& other, double gap, CrossingList& list) const;
+    void addByCloserLook(std::size_t segment, const BoxedSegment& other, CrossingList& list) const;
+    void addSegment(std::size_t segment, const CurvePath& other, double gap, CrossingList& list) const;
     template <typename Other>
-    void searchBoxes(const Other& other, const Box2d& reach, CrossingList& list) const;
+    void searchBoxes(const Other& other, const Reach& reach, CrossingList& list) const;
     void prepare() const;
     void fillTable() const;
     void fillBoxes() const;

@@ -16,18 +16,3 @@ bool addArcCrossings(const BoxedSegment& own, const BoxedSegment& other, double 
         list.add({p.x, p.y, elevation});
     return places.count() > 0;
 }
-
-void endCrossings(const CurvePath& a, CrossingList& list)
-{
-    if (a.segmentCount() == 0)
-        return;
-    const PathVertex& start = a.segmentStart(0);
-    const PathVertex& end = a.segmentEnd(a.segmentCount() - 1);
-    if (start.x == end.x && start.y == end.y)
-        list.endClosed({start.x, start.y, a.elevation()});
-}
-
-bool isSameHeight(double a, double b, double magnitude)
-{
-    return std::fabs(a - b) <= placeTolerance(std::max(std::min(std::fabs(a), std::fabs(b)), magnitude));
-}

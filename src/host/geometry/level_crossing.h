@@ -54,7 +54,18 @@ inline void addCrossingsOfSegment(const CurvePath& a, std::size_t segment, const
 }
 
 /// Ends the list after the last segment of `a`.
-void endCrossings(const CurvePath& a, CrossingList& list);
+inline void endCrossings(const CurvePath& a, CrossingList& list)
+{
+    if (a.segmentCount() == 0)
+        return;
+    const PathVertex& start = a.segmentStart(0);
+    const PathVertex& end = a.segmentEnd(a.segmentCount() - 1);
+    if (start.x == end.x && start.y == end.y)
+        list.endClosed({start.x, start.y, a.elevation()});
+}
 
 /// Whether two level or otherwise parallel heights are the same one for paths of this size.
-bool isSameHeight(double a, double b, double magnitude);
+inline bool isSameHeight(double a, double b, double magnitude)
+{
+    return std::fabs(a - b) <= placeTolerance(std::max(std::min(std::fabs(a), std::fabs(b)), magnitude));
+}

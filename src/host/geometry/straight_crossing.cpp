@@ -84,6 +84,6 @@ bool findStraightTouch(const BoxedSegment& a, const BoxedSegment& b, AcGePoint2d
         return true;
     if (!aSides.cross() || !bSides.cross())
         return false;
-    place = straightCrossing(a, b, aSides.from, aSides.to);
+    place = straightCrossing({a.from, a.to}, {b.from, b.to}, aSides.from, aSides.to);
     return true;
 }

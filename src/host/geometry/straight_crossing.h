@@ -6,9 +6,16 @@
 /// alone when they do not meet.
 bool findStraightTouch(const BoxedSegment& a, const BoxedSegment& b, AcGePoint2d& place);
 
+/// Two points that a straight segment runs between.
+struct StraightWay
+{
+    AcGePoint2d from;
+    AcGePoint2d to;
+};
+
 /// The crossing of two segments, the ends of the first known to lie on both sides of the second's line: as far from it
 /// as the two cross products tell. What a vertical or level segment fixes of the place is kept exactly.
-inline AcGePoint2d straightCrossing(const BoxedSegment& a, const BoxedSegment& b, double fromSide, double toSide)
+inline AcGePoint2d straightCrossing(const StraightWay& a, const StraightWay& b, double fromSide, double toSide)
 {
     const double fraction = fromSide / (fromSide - toSide);
     AcGePoint2d p = a.from + (a.to - a.from) * fraction;
@@ -23,23 +30,36 @@ inline AcGePoint2d straightCrossing(const BoxedSegment& a, const BoxedSegment& b
     return p;
 }
 
-/// `findCrossings` for two straight segments whose boxes meet: there is one place at most.
-inline bool findStraightCrossing(const BoxedSegment& a, const BoxedSegment& b, AcGePoint2d& place)
+enum class Meeting
+{
+    Apart,
+    Crossing,
+    Unclear ///< an end of one is within the tolerance of the other's line: that wants a closer look
+};
+
+/// How two straight segments meet, as far as the sides that their ends are on tell; `place` is given when they cross.
+inline Meeting meetingOf(const StraightWay& a, const StraightWay& b, double tolerance, AcGePoint2d& place)
 {
     const AcGeVector2d aWay = a.to - a.from;
     const AcGeVector2d bWay = b.to - b.from;
-    const double aFrom = bWay.crossProduct(a.from - b.from);
+    const AcGeVector2d between = a.from - b.from;
+    const double aFrom = bWay.crossProduct(between);
     const double aTo = bWay.crossProduct(a.to - b.from);
-    const double bFrom = aWay.crossProduct(b.from - a.from);
+    const double bFrom = -aWay.crossProduct(between);
     const double bTo = aWay.crossProduct(b.to - a.from);
-    const double tolerance = pairTolerance(a, b);
     const double aNear = tolerance * tolerance * bWay.lengthSqrd();
     const double bNear = tolerance * tolerance * aWay.lengthSqrd();
-    const bool clear = aFrom * aFrom > aNear && aTo * aTo > aNear && bFrom * bFrom > bNear && bTo * bTo > bNear;
-    if (!clear)
-        return findStraightTouch(a, b, place);
+    if (!(std::min(aFrom * aFrom, aTo * aTo) > aNear && std::min(bFrom * bFrom, bTo * bTo) > bNear))
+        return Meeting::Unclear;
     if ((aFrom < 0.0) == (aTo < 0.0) || (bFrom < 0.0) == (bTo < 0.0))
-        return false;
+        return Meeting::Apart;
     place = straightCrossing(a, b, aFrom, aTo);
-    return true;
+    return Meeting::Crossing;
+}
+
+/// `findCrossings` for two straight segments whose boxes meet: there is one place at most.
+inline bool findStraightCrossing(const BoxedSegment& a, const BoxedSegment& b, AcGePoint2d& place)
+{
+    const Meeting meeting = meetingOf({a.from, a.to}, {b.from, b.to}, pairTolerance(a, b), place);
+    return meeting == Meeting::Unclear ? findStraightTouch(a, b, place) : meeting == Meeting::Crossing;
 }
