@@ -1,23 +1,21 @@
 #include "console/dss_session.h"
 #include "console/report_parts.h"
 #include "console/section_list.h"
-#include "host/app/paths.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/database.h"
-#include "host/drawing/table_index.h"
-#include "sectiondraw/ground_point.h"
+#include "sectiondraw/draw_style.h"
 #include "sections/database_cs.h"
-#include "util/folders.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
 
 namespace console
 {
 
 namespace
 {
+
+constexpr const char16_t* kSettingsName = u"iniSymbol.cfg";
 
 /// Entities of an id list that are still there.
 size_t liveCount(const AcDbObjectIdArray& ids)
@@ -37,68 +35,6 @@ std::vector<size_t> remembered(const ItemReferenceLine& line)
     return counts;
 }
 
-/// Names of the rows under which the probe finds no ground, each once.
-class GroundCheck
-{
-public:
-    explicit GroundCheck(const CrossSectionXdata& section) : m_section{section} {}
-
-    std::vector<std::string> run()
-    {
-        for (const ListBlockData* rows : {&m_section.m_listBlockData1, &m_section.m_listBlockData2})
-            for (const BlockData& row : *rows)
-            {
-                probe(row.m_strName, row.m_dOffset1);
-                if (row.m_dOffset2 != 0.0)
-                    probe(row.m_strName, row.m_dOffset2);
-            }
-        for (const BlockFcode& row : m_section.m_listBlockFcode1)
-            probe(row.m_strFcode, row.m_dOffset);
-        return {m_names.begin(), m_names.end()};
-    }
-
-private:
-    void probe(const std::u16string& name, double offset)
-    {
-        if (!FindGroundPoint(m_section, offset))
-            m_names.insert(toUtf8(name));
-    }
-
-    const CrossSectionXdata& m_section;
-    std::set<std::string> m_names;
-};
-
-void countSymbols(const CrossSectionXdata& section, std::map<std::string, size_t>& without)
-{
-    for (const ListBlockData* rows : {&section.m_listBlockData1, &section.m_listBlockData2})
-        for (const BlockData& row : *rows)
-            if (row.m_strFile.empty())
-                ++without[toUtf8(row.m_strName)];
-    for (const BlockFcode& row : section.m_listBlockFcode1)
-        if (row.m_strFile.empty())
-            ++without[toUtf8(row.m_strFcode)];
-}
-
-/// The symbol files of the rows of some sections.
-std::vector<std::u16string> symbolFiles(const ItemReferenceLine& line, const std::vector<size_t>& positions)
-{
-    std::vector<std::u16string> files;
-    const auto add = [&files](const auto& rows)
-    {
-        for (const auto& row : rows)
-            files.push_back(row.m_strFile);
-    };
-    for (const size_t position : positions)
-    {
-        const CrossSectionXdata& section = line.m_listCrossSections[position];
-        add(section.m_listBlockData1);
-        add(section.m_listBlockData2);
-        add(section.m_listBlockFcode1);
-        add(section.m_listBlockFcode2);
-    }
-    return files;
-}
-
 SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& section)
 {
     SectionReport report;
@@ -112,41 +48,59 @@ SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& sec
         report.blocks += type == "INSERT" ? 1U : 0U;
         report.labels += type == "TEXT" ? 1U : 0U;
     }
-    report.withoutGround = GroundCheck{section}.run();
+    report.withoutGround = withoutGround(section);
     return report;
 }
 
-std::string settingsFile()
+/// What all sections of the last scan are about.
+FeatureCounts featuresOfDrawing()
 {
-    return nativePath(UserDataFolder() + u"\\iniSymbol.cfg");
+    FeatureCounts features;
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        for (const CrossSectionXdata& section : line.m_listCrossSections)
+            features.add(section);
+    return features;
+}
+
+/// How often each name or code that the sections show has no symbol.
+std::map<std::string, size_t> withoutSymbol(const FeatureCounts& drawn)
+{
+    std::map<std::string, size_t> without;
+    for (const FeatureKind kind : {kNames, kSectionCodes})
+        for (const auto& [name, files] : drawn.kinds[kind])
+            if (const auto none = files.find(u""); none != files.end())
+                without[toUtf8(name)] += none->second;
+    return without;
 }
 
 /// What the module passes over in silence and the user would want to know.
-void addNotes(Report& report, AcDbDatabase& database)
+void addNotes(Notes& notes, const FeatureCounts& drawn, AcDbDatabase& database)
 {
-    const DatabaseCS& state = g_DatabaseCS;
-    if (state.m_arrDrawFlags.size() == kDrawOptionCount && state.m_arrDrawFlags[kSymbolText] == 1 &&
-        !state.m_arrLayerNames[kSymbolText].empty() &&
-        database.tables().find("LAYER", state.m_arrLayerNames[kSymbolText]) == nullptr)
-        report.notes.push_back("the layer of the name labels, \"" + toUtf8(state.m_arrLayerNames[kSymbolText]) +
-                               "\", does not exist: the labels are on the current layer");
-    if (!std::filesystem::exists(settingsFile()))
-        report.notes.push_back("the settings could not be kept: " + settingsFile() + " cannot be written");
+    const DrawStyle style = MakeDrawStyle(g_DatabaseCS);
+    if (style.symbolLabel.on)
+        noteLostTexts(notes, drawn, kNames, "the label");
+    if (style.fcodeLabel.on)
+        noteLostTexts(notes, drawn, kSectionCodes, "the label");
+    noteLabelLayer(notes, database);
+    noteUnkept(notes, kSettingsName);
 }
 
 } // namespace
 
 Report drawDrawing(const DrawOptions& options)
 {
-    if (!options.library.empty() && !std::filesystem::is_regular_file(options.library))
-        throw Failure{options.library + ": no such library file"};
     CommonOptions common = options.common;
+    std::optional<RowFile> library;
     if (!options.library.empty())
+    {
+        library = readLibraryRows(options.library);
         addFoldersOf(options.library, common.symbolFolders);
+    }
     Program program{common};
     AcDbDatabase& database = *program.open(options.common.drawing)->database();
-    const bool confirm = !options.library.empty() || !std::filesystem::exists(settingsFile());
-    DssSession dss{program, options.alignment};
+    const bool confirm = library || !std::filesystem::exists(settingsFile(kSettingsName));
+    DssSession dss{program};
+    dss.choose(options.alignment);
     const std::vector<size_t> positions = parseSectionList(options.sections, dss.line().m_listCrossSections.size());
     dss.tick(positions);
     if (options.nearby)
@@ -154,7 +108,10 @@ Report drawDrawing(const DrawOptions& options)
     if (confirm)
         dss.confirmSettings(options.library);
     const std::vector<size_t> erased = remembered(dss.line());
-    program.prepareSymbols(symbolFiles(dss.line(), positions));
+    FeatureCounts drawn;
+    for (const size_t position : positions)
+        drawn.add(dss.line().m_listCrossSections[position]);
+    program.prepareSymbols(drawn.files());
     dss.draw();
 
     Report report;
@@ -169,13 +126,16 @@ Report drawDrawing(const DrawOptions& options)
         part.erased = erased[position];
         *report.placed += part.entities;
         report.erased += part.erased;
-        countSymbols(section, report.withoutSymbol);
     }
+    report.withoutSymbol = withoutSymbol(drawn);
+    report.unreadable = unreadableSymbols(program.session());
+    report.notes = dss.wordsForNumbers();
+    if (library)
+        noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);
     dss.close();
-    addUnreadable(report, program.session());
-    noteConversion(report, options.common.drawing);
-    addNotes(report, database);
-    failWhenStrict(report, options.strict);
+    noteConversion(report.notes, options.common.drawing);
+    addNotes(report.notes, drawn, database);
+    failWhenStrict(report.unreadable, options.strict);
     program.session().saveCurrent(toUtf16(options.output));
     return report;
 }
@@ -184,7 +144,8 @@ Report eraseDrawing(const DrawOptions& options)
 {
     Program program{options.common};
     program.open(options.common.drawing);
-    DssSession dss{program, options.alignment};
+    DssSession dss{program};
+    dss.choose(options.alignment);
     const std::vector<size_t> erased = remembered(dss.line());
     dss.undo();
     Report report;

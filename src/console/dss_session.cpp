@@ -1,7 +1,8 @@
 #include "console/dss_session.h"
 
-#include "host/ui/dialog.h"
+#include "host/ui/tab_ctrl.h"
 #include "sections/database_cs.h"
+#include "util/numbers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,6 +21,12 @@ constexpr int kUndo = 1095;
 constexpr int kSettings = 1096;
 constexpr int kOpenLibrary = 1095;
 
+/// The numbers of the general settings, by their controls.
+constexpr std::pair<int, const char*> kNumbers[] = {{1102, "the search distance ahead"},
+                                                    {1104, "the search distance behind"},
+                                                    {1095, "the text height"},
+                                                    {1114, "the leader height"}};
+
 void require(const UserAction& action)
 {
     if (!action)
@@ -34,11 +41,28 @@ std::string alignmentNames()
     return names;
 }
 
+/// Says of each number of the general settings that is none what counts in its place.
+std::vector<std::string> wordsInPlaceOfNumbers(const CDialog& settings)
+{
+    std::vector<std::string> found;
+    for (const CTabCtrlSSL::Tab& tab : settings.tabControl()->tabs())
+        for (const auto& [id, name] : kNumbers)
+            if (const auto* edit = dynamic_cast<const CEdit*>(tab.page->GetDlgItem(id)))
+                if (const std::u16string text = edit->GetWindowText(); !StartsWithReal(text))
+                    found.push_back("settings that the drawing keeps: \"" + toUtf8(text) + "\" as " + name +
+                                    " is no number and counts as 0");
+    return found;
+}
+
 } // namespace
 
-DssSession::DssSession(Program& program, const std::string& alignment) : m_program{program}
+DssSession::DssSession(Program& program) : m_program{program}
 {
     program.command(u"DSS");
+}
+
+void DssSession::choose(const std::string& alignment)
+{
     const ListItemReferenceLine& lines = g_DatabaseCS.m_listReferenceLines;
     if (lines.empty())
         throw Failure{"the drawing has no alignment"};
@@ -85,6 +109,7 @@ void DssSession::confirmSettings(const std::string& library)
             m_program.frontEnd().queue({toUtf16(library), std::nullopt});
             require(settings.userClick(kOpenLibrary));
         }
+        m_wordsForNumbers = wordsInPlaceOfNumbers(settings);
         require(settings.userClick(IDOK));
     };
     click(kSettings);

@@ -29,13 +29,17 @@ struct DrawOptions
 class DssSession
 {
 public:
-    /// Runs DSS and chooses the alignment. Failure when the drawing has none, or none of that name.
-    DssSession(Program& program, const std::string& alignment);
+    /// Runs DSS.
+    explicit DssSession(Program& program);
 
+    /// Chooses an alignment, the first one for an empty name. Failure when the drawing has none, or none of that name.
+    void choose(const std::string& alignment);
     const ItemReferenceLine& line() const;
     void tick(const std::vector<size_t>& sections);
     /// Opens the settings, loads a feature library when one is given, and confirms.
     void confirmSettings(const std::string& library);
+    /// What stood in the general settings where a number should be, as sentences; known once they were confirmed.
+    const std::vector<std::string>& wordsForNumbers() const { return m_wordsForNumbers; }
     void draw();
     void undo();
     void close();
@@ -46,6 +50,7 @@ private:
 
     Program& m_program;
     std::u16string m_alignment;
+    std::vector<std::string> m_wordsForNumbers;
 };
 
 /// The subcommands; each answers what it did and has saved the drawing.

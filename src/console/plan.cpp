@@ -10,7 +10,6 @@
 #include "host/ui/dialog.h"
 #include "host/ui/grid_ctrl.h"
 
-#include <filesystem>
 #include <map>
 #include <set>
 
@@ -26,37 +25,28 @@ constexpr const char16_t* kPlanLayer = u"DiaVatBinhDo";
 
 using CountByCode = std::map<std::u16string, size_t, LessNoCase>;
 
-/// How often `nameOf` answers each name for the entities of class `T` in model space; an empty one does not count.
-template <class T, class NameOf>
-CountByCode countEach(AcDbDatabase& database, NameOf nameOf)
+/// Lets `action` see the entities of class `T` in model space.
+template <class T, class Action>
+void forEach(AcDbDatabase& database, Action action)
 {
-    CountByCode counts;
-    const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
-    if (modelSpace == nullptr)
-        return counts;
-    for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
-        if (const AcDbObjectPointer<T> entity{id}; entity)
-            if (const std::u16string name = nameOf(*entity); !name.empty())
-                ++counts[name];
-    return counts;
+    if (const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space"))
+        for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
+            if (const AcDbObjectPointer<T> entity{id}; entity)
+                action(*entity);
 }
 
 /// What stands on the plan's layer: references by the name of their block.
 CountByCode planSymbols(AcDbDatabase& database)
 {
-    return countEach<AcDbBlockReference>(database,
-                                         [](const AcDbBlockReference& reference)
-                                         {
-                                             const ObjectRecord* block = reference.blockTableRecord().record();
-                                             return block != nullptr && equalNoCase(reference.layer(), kPlanLayer)
-                                                        ? nameOfRecord(*block)
-                                                        : std::u16string{};
-                                         });
-}
-
-CountByCode pointCodes(AcDbDatabase& database)
-{
-    return countEach<PlxDbMeasurePointObj>(database, [](const PlxDbMeasurePointObj& point) { return point.Get(1); });
+    CountByCode counts;
+    const auto add = [&](const AcDbBlockReference& reference)
+    {
+        const ObjectRecord* block = reference.blockTableRecord().record();
+        if (block != nullptr && equalNoCase(reference.layer(), kPlanLayer))
+            ++counts[nameOfRecord(*block)];
+    };
+    forEach<AcDbBlockReference>(database, add);
+    return counts;
 }
 
 size_t total(const CountByCode& counts)
@@ -67,8 +57,8 @@ size_t total(const CountByCode& counts)
     return sum;
 }
 
-/// Code and symbol file of each row that the confirmed table shows.
-std::map<std::u16string, std::u16string, LessNoCase> tableFiles(CDialog& dialog)
+/// Code and symbol file of each row that the table shows.
+std::map<std::u16string, std::u16string, LessNoCase> tableFiles(const CDialog& dialog)
 {
     std::map<std::u16string, std::u16string, LessNoCase> files;
     const auto* grid = dynamic_cast<const CGridCtrl*>(dialog.GetDlgItem(kTable));
@@ -76,6 +66,36 @@ std::map<std::u16string, std::u16string, LessNoCase> tableFiles(CDialog& dialog)
         if (const std::u16string code = grid->GetItemText(row, 0); !code.empty())
             files.emplace(code, grid->GetItemText(row, 1));
     return files;
+}
+
+/// The codes of the survey points, with the symbol files that a table shows for them.
+FeatureCounts pointCodes(AcDbDatabase& database, const CDialog& table)
+{
+    const auto files = tableFiles(table);
+    FeatureCounts codes;
+    const auto add = [&](const PlxDbMeasurePointObj& point)
+    {
+        const std::u16string code = point.Get(1);
+        const auto row = files.find(code);
+        if (!code.empty())
+            codes.add(kTableCodes, code, row == files.end() ? std::u16string{} : row->second);
+    };
+    forEach<PlxDbMeasurePointObj>(database, add);
+    return codes;
+}
+
+/// Says how many of the symbols that a run has erased no row of its table placed.
+void noteForeign(Notes& notes, const CountByCode& erased, const FeatureCounts& codes)
+{
+    std::set<std::u16string, LessNoCase> known;
+    for (const std::u16string& file : codes.files())
+        known.insert(SymbolBlockName(file));
+    size_t foreign = 0;
+    for (const auto& [block, count] : erased)
+        foreign += known.contains(block) ? 0 : count;
+    if (foreign > 0)
+        notes.push_back(std::to_string(foreign) + " block references on the layer " + toUtf8(kPlanLayer) +
+                        " that no row of the table places were erased");
 }
 
 void require(const UserAction& action)
@@ -86,53 +106,56 @@ void require(const UserAction& action)
 
 } // namespace
 
+void openPlanTable(Program& program, const std::string& table, const PlanTableUse& use)
+{
+    program.frontEnd().onModal = [&](CDialog& dialog)
+    {
+        program.frontEnd().queue({toUtf16(table), std::nullopt});
+        require(dialog.userClick(kOpenTable));
+        AcDbDatabase& database = *program.session().documents().curDocument()->database();
+        if (use(pointCodes(database, dialog)))
+            require(dialog.userClick(IDOK));
+    };
+    program.command(u"DVBD");
+    program.frontEnd().onModal = nullptr;
+}
+
 Report planDrawing(const std::string& table, const DrawOptions& options)
 {
-    if (!std::filesystem::is_regular_file(table))
-        throw Failure{table + ": no such table file"};
+    const RowFile rows = readTableRows(table);
     CommonOptions common = options.common;
     addFoldersOf(table, common.symbolFolders);
     Program program{common};
     AcDbDatabase& database = *program.open(common.drawing)->database();
     const CountByCode before = planSymbols(database);
-    std::map<std::u16string, std::u16string, LessNoCase> files;
-    program.frontEnd().onModal = [&](CDialog& dialog)
-    {
-        program.frontEnd().queue({toUtf16(table), std::nullopt});
-        require(dialog.userClick(kOpenTable));
-        files = tableFiles(dialog);
-        std::vector<std::u16string> paths;
-        paths.reserve(files.size());
-        for (const auto& [code, file] : files)
-            paths.push_back(file);
-        program.prepareSymbols(paths);
-        require(dialog.userClick(IDOK));
-    };
-    program.command(u"DVBD");
+    FeatureCounts codes;
+    openPlanTable(program, table,
+                  [&](FeatureCounts found)
+                  {
+                      codes = std::move(found);
+                      program.prepareSymbols(codes.files());
+                      return true;
+                  });
 
     Report report;
     report.drawing = common.drawing;
     report.output = options.output;
     report.placed = total(planSymbols(database));
     report.erased = total(before);
-    std::set<std::u16string, LessNoCase> known;
-    for (const auto& [code, file] : files)
-        known.insert(SymbolBlockName(file));
-    size_t foreign = 0;
-    for (const auto& [block, count] : before)
-        foreign += known.contains(block) ? 0 : count;
-    if (foreign > 0)
-        report.notes.push_back(std::to_string(foreign) + " block references on the layer " + toUtf8(kPlanLayer) +
-                               " that no row of the table places were erased");
-    for (const auto& [code, count] : pointCodes(database))
-        if (const auto row = files.find(code); row == files.end() || row->second.empty())
-            report.withoutSymbol[toUtf8(code)] += count;
-    addUnreadable(report, program.session());
-    noteConversion(report, options.common.drawing);
+    for (const auto& [code, files] : codes.kinds[kTableCodes])
+        if (const auto none = files.find(u""); none != files.end())
+            report.withoutSymbol[toUtf8(code)] = none->second;
+    report.unreadable = unreadableSymbols(program.session());
+    noteForeign(report.notes, before, codes);
+    noteRows(report.notes, rows, codes, true);
+    noteLostTexts(report.notes, codes, kTableCodes, "the code");
+    if (!codes.kinds[kTableCodes].empty())
+        noteUnkept(report.notes, u"FcodeBD.cfg");
+    noteConversion(report.notes, options.common.drawing);
     if (!report.unreadable.empty())
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");
-    failWhenStrict(report, options.strict);
+    failWhenStrict(report.unreadable, options.strict);
     program.session().saveCurrent(toUtf16(options.output));
     return report;
 }

@@ -6,14 +6,6 @@ namespace console
 namespace
 {
 
-std::string joined(const std::vector<std::string>& names)
-{
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : ", ") + name;
-    return text;
-}
-
 std::string sectionText(const SectionReport& section, bool drawn)
 {
     std::string text = "  " + section.name + ": ";
@@ -49,9 +41,7 @@ Json Report::json() const
     json["withoutSymbol"] = Json::array();
     for (const auto& [name, count] : withoutSymbol)
         json["withoutSymbol"].push_back({{"name", name}, {"count", count}});
-    json["unreadable"] = Json::array();
-    for (const auto& [path, reason] : unreadable)
-        json["unreadable"].push_back({{"path", path}, {"reason", reason}});
+    json["unreadable"] = unreadableJson(unreadable);
     json["notes"] = notes;
     return json;
 }
@@ -71,8 +61,30 @@ std::string Report::text() const
         text += "Symbol files that could not be read:\n";
     for (const auto& [path, reason] : unreadable)
         text += "  " + path + ": " + reason + "\n";
+    return text + notesText(notes);
+}
+
+Json unreadableJson(const std::vector<UnreadableSymbol>& unreadable)
+{
+    Json json = Json::array();
+    for (const auto& [path, reason] : unreadable)
+        json.push_back({{"path", path}, {"reason", reason}});
+    return json;
+}
+
+std::string notesText(const std::vector<std::string>& notes)
+{
+    std::string text;
     for (const std::string& note : notes)
         text += "Note: " + note + "\n";
+    return text;
+}
+
+std::string joined(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
     return text;
 }
 

@@ -21,6 +21,13 @@ struct SectionReport
     std::vector<std::string> withoutGround; ///< features and codes under which no ground was found
 };
 
+/// A symbol drawing that could not be read or found, and why.
+struct UnreadableSymbol
+{
+    std::string path; ///< as the row has it
+    std::string reason;
+};
+
 /// What `draw`, `erase` and `plan` did, for a person or as JSON.
 struct Report
 {
@@ -31,11 +38,17 @@ struct Report
     std::optional<size_t> placed; ///< `erase` has none
     size_t erased = 0;
     std::map<std::string, size_t> withoutSymbol;
-    std::vector<std::pair<std::string, std::string>> unreadable; ///< path and reason
+    std::vector<UnreadableSymbol> unreadable;
     std::vector<std::string> notes;
 
     Json json() const;
     std::string text() const;
 };
+
+/// The parts of reports that are the same in each of them.
+Json unreadableJson(const std::vector<UnreadableSymbol>& unreadable);
+std::string notesText(const std::vector<std::string>& notes);
+/// The names with a comma between them.
+std::string joined(const std::vector<std::string>& names);
 
 } // namespace console

@@ -1,6 +1,13 @@
 #include "console/report_parts.h"
 
+#include "console/lost_text.h"
 #include "files/reader.h"
+#include "host/app/paths.h"
+#include "host/drawing/database.h"
+#include "host/drawing/table_index.h"
+#include "sectiondraw/draw_style.h"
+#include "sections/database_cs.h"
+#include "util/folders.h"
 
 #include <filesystem>
 #include <set>
@@ -8,26 +15,65 @@
 namespace console
 {
 
-void addUnreadable(Report& report, host::Session& session)
+std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session)
 {
+    std::vector<UnreadableSymbol> unreadable;
     std::set<std::string> seen;
     for (const host::UnreadableFile& file : session.unreadableFiles())
         if (seen.insert(toUtf8(file.path)).second)
-            report.unreadable.emplace_back(toUtf8(file.path), file.reason);
+            unreadable.push_back({toUtf8(file.path), file.reason});
+    return unreadable;
 }
 
-void noteConversion(Report& report, const std::string& drawing)
+void noteConversion(Notes& notes, const std::string& drawing)
 {
     if (files::isDwgFile(drawing))
-        report.notes.push_back(
-            "the drawing is a DWG and was converted to DXF: tables without their cells, custom objects "
-            "and the off state of layers of R13 and R14 may be lost; the DWG itself stays as it is");
+        notes.push_back("the drawing is a DWG and was converted to DXF: tables without their cells, custom objects "
+                        "and the off state of layers of R13 and R14 may be lost; the DWG itself stays as it is");
 }
 
-void failWhenStrict(const Report& report, bool strict)
+void noteLabelLayer(Notes& notes, AcDbDatabase& database)
 {
-    if (strict && !report.unreadable.empty())
-        throw Failure{"symbol file that cannot be read: " + report.unreadable.front().second};
+    const OptionStyle label = MakeDrawStyle(g_DatabaseCS).symbolLabel;
+    if (label.on && !label.layer.empty() && database.tables().find("LAYER", label.layer) == nullptr)
+        notes.push_back("the layer of the name labels, \"" + toUtf8(label.layer) +
+                        "\", does not exist: the labels are on the current layer");
+}
+
+void noteLostTexts(Notes& notes, const FeatureCounts& features, FeatureKind kind, const std::string& what)
+{
+    for (const std::u16string& text : features.texts[kind])
+        if (const auto lost = lostCharacters(text); !lost.empty())
+            notes.push_back(what + " \"" + toUtf8(text) + "\" has characters without an 8-bit form: " + namesOf(lost));
+}
+
+void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, bool nearby)
+{
+    notes.insert(notes.end(), file.problems.begin(), file.problems.end());
+    std::map<FeatureKind, std::string> unused;
+    for (const FileRow& row : file.unused(features))
+        unused[row.kind] += (unused[row.kind].empty() ? "" : ", ") + toUtf8(row.key);
+    for (const auto& [kind, keys] : unused)
+        notes.push_back("rows of " + titleOf(kind) + " that nothing in the drawing uses" +
+                        (kind == kNames && !nearby ? " (objects near the sections were not looked for): " : ": ") +
+                        keys);
+}
+
+std::string settingsFile(const std::u16string& name)
+{
+    return nativePath(UserDataFolder() + u"\\" + name);
+}
+
+void noteUnkept(Notes& notes, const std::u16string& name)
+{
+    if (const std::string file = settingsFile(name); !std::filesystem::exists(file))
+        notes.push_back("the settings could not be kept: " + file + " cannot be written");
+}
+
+void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict)
+{
+    if (strict && !unreadable.empty())
+        throw Failure{"symbol file that cannot be read: " + unreadable.front().reason};
 }
 
 void addFoldersOf(const std::string& file, std::vector<std::string>& folders)

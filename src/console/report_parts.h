@@ -1,22 +1,45 @@
 #pragma once
 
+#include "console/feature_counts.h"
 #include "console/program.h"
 #include "console/report.h"
+#include "console/row_file.h"
 
 #include <string>
 #include <vector>
 
+class AcDbDatabase;
+
 namespace console
 {
 
+/// Sentences for a person on what the module passes over in silence.
+using Notes = std::vector<std::string>;
+
 /// Each symbol drawing that could not be read in the session, once, with the reason.
-void addUnreadable(Report& report, host::Session& session);
+std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session);
 
-/// A note when the drawing came from a DWG: it was converted, and what that may lose.
-void noteConversion(Report& report, const std::string& drawing);
+/// The drawing came from a DWG: it was converted, and what that may lose.
+void noteConversion(Notes& notes, const std::string& drawing);
 
-/// Failure for a report that names an unreadable symbol file, when the user asked for that.
-void failWhenStrict(const Report& report, bool strict);
+/// The layer that the settings choose for the name labels does not exist.
+void noteLabelLayer(Notes& notes, AcDbDatabase& database);
+
+/// Names of a kind that hold characters without an 8-bit form; `what` says what they are ("the label").
+void noteLostTexts(Notes& notes, const FeatureCounts& features, FeatureKind kind, const std::string& what);
+
+/// What is wrong with the rows of a library or table, and which of them nothing in the drawing uses; `nearby` says
+/// whether the features hold the objects near the sections.
+void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, bool nearby);
+
+/// The file of that name is not in the settings folder after a run that should have written it.
+void noteUnkept(Notes& notes, const std::u16string& name);
+
+/// The path of a file in the settings folder.
+std::string settingsFile(const std::u16string& name);
+
+/// Failure that names an unreadable symbol file, when the user asked for that.
+void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict);
 
 /// Adds the folder of a library or table file, and its `symbols` folder, to those in which symbol files are looked for.
 void addFoldersOf(const std::string& file, std::vector<std::string>& folders);

@@ -17,17 +17,21 @@ constexpr const char16_t* kLastState = u"\\FcodeBD.cfg";
 constexpr size_t kLeastFields = 5;
 constexpr size_t kFieldsWithFlag = 6;
 
+std::optional<FeatureRow> parseRow(std::u16string_view line, char16_t delimiter)
+{
+    const std::vector<std::u16string> fields = SplitFields(line, delimiter, EmptyFields::kSkip);
+    if (fields.size() < kLeastFields)
+        return std::nullopt;
+    const bool atVertex = fields.size() == kFieldsWithFlag && ToInteger(fields[5]) != 0;
+    return FeatureRow{fields[0], fields[1], fields[2], fields[3], fields[4], atVertex};
+}
+
 FeatureRows readRows(std::u16string_view path, char16_t delimiter)
 {
     FeatureRows rows;
     for (const std::u16string& line : ReadTextLines(path))
-    {
-        const std::vector<std::u16string> fields = SplitFields(line, delimiter, EmptyFields::kSkip);
-        if (fields.size() < kLeastFields)
-            continue;
-        const bool atVertex = fields.size() == kFieldsWithFlag && ToInteger(fields[5]) != 0;
-        rows.push_back({fields[0], fields[1], fields[2], fields[3], fields[4], atVertex});
-    }
+        if (std::optional<FeatureRow> row = parseRow(line, delimiter))
+            rows.push_back(std::move(*row));
     return rows;
 }
 
@@ -52,6 +56,11 @@ const FeatureRow* FindFeatureRow(const FeatureRows& rows, std::u16string_view co
         if (equalNoCase(row.code, code))
             return &row;
     return nullptr;
+}
+
+std::optional<FeatureRow> ParseFeatureRow(std::u16string_view line)
+{
+    return parseRow(line, kTableDelimiter);
 }
 
 FeatureRows ReadFeatureTable(std::u16string_view path)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,9 @@ using FeatureRows = std::vector<FeatureRow>;
 
 /// The first row of that code, without regard to case; null when there is none.
 const FeatureRow* FindFeatureRow(const FeatureRows& rows, std::u16string_view code);
+
+/// The row of a line of a feature-table file: five fields or more; any other line makes none.
+std::optional<FeatureRow> ParseFeatureRow(std::u16string_view line);
 
 /// The rows of a feature-table file (".dvbd"); none when it cannot be read. Lines that make no row are left out.
 FeatureRows ReadFeatureTable(std::u16string_view path);

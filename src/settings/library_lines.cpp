@@ -70,17 +70,26 @@ std::u16string JoinRow(const RowTexts& row)
     return line;
 }
 
+std::u16string_view MarkerOf(LibraryTable table)
+{
+    return kTableMarkers[table];
+}
+
+std::optional<RowTexts> ParseRow(std::u16string_view line)
+{
+    std::vector<std::u16string> fields = SplitFields(line, u',', EmptyFields::kSkip);
+    RowTexts row;
+    if (fields.size() != row.size())
+        return std::nullopt;
+    std::move(fields.begin(), fields.end(), row.begin());
+    return row;
+}
+
 RowLookup::RowLookup(const TextLines& lines)
 {
     for (const std::u16string& line : lines)
-    {
-        std::vector<std::u16string> fields = SplitFields(line, u',', EmptyFields::kSkip);
-        RowTexts row;
-        if (fields.size() != row.size())
-            continue;
-        std::move(fields.begin(), fields.end(), row.begin());
-        m_rows.push_back(std::move(row));
-    }
+        if (std::optional<RowTexts> row = ParseRow(line))
+            m_rows.push_back(std::move(*row));
     std::stable_sort(m_rows.begin(), m_rows.end(), ByKey{});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,9 @@ TextLines JoinSections(const LibraryLines& sections);
 /// than once; lines before the first marker are dropped.
 LibraryLines SplitSections(const TextLines& lines, GeneralSection general);
 
+/// The line that opens the section of a table.
+std::u16string_view MarkerOf(LibraryTable table);
+
 /// One row of a table as text: the name or feature code that it is about, the symbol drawing, both scales and the
 /// rotation as the cells show them.
 using RowTexts = std::array<std::u16string, 5>;
@@ -48,11 +52,14 @@ using RowTexts = std::array<std::u16string, 5>;
 /// The row as a line, joined by ",".
 std::u16string JoinRow(const RowTexts& row);
 
+/// The row of a line that holds five fields; any other line makes none.
+std::optional<RowTexts> ParseRow(std::u16string_view line);
+
 /// Rows of a file by their key.
 class RowLookup
 {
 public:
-    /// Takes the lines that hold five fields; any other line is ignored.
+    /// Takes the lines that make a row.
     explicit RowLookup(const TextLines& lines);
 
     /// The first row of that key, letter case ignored; null when there is none. It lives as long as the look-up.

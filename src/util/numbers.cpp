@@ -62,6 +62,14 @@ bool isTooLarge(std::string_view number)
 
 } // namespace
 
+bool StartsWithReal(std::u16string_view text)
+{
+    const std::string characters = numberCharacters(text);
+    std::string_view digits = characters;
+    takeSign(digits);
+    return startsNumber(digits);
+}
+
 double ToReal(std::u16string_view text)
 {
     const std::string characters = numberCharacters(text);

@@ -10,6 +10,9 @@
 /// one; 0 when there is none (also for words such as "inf"). Too large gives infinity, too small 0.
 double ToReal(std::u16string_view text);
 
+/// Whether a decimal number stands at the start of `text`, behind white space; where none does, `ToReal` gives 0.
+bool StartsWithReal(std::u16string_view text);
+
 /// The integer at the start of `text`, behind white space; 0 when there is none. Too large gives the largest, too
 /// small the smallest `int`.
 int ToInteger(std::u16string_view text);

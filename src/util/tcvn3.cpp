@@ -1,5 +1,6 @@
 #include "util/tcvn3.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -107,6 +108,12 @@ std::string EncodeText(std::u16string_view text)
     for (const char16_t unit : text)
         bytes += unit < kEndOfLetters ? kByteOfUnit[unit] : lowByte(unit);
     return bytes;
+}
+
+bool HasByteForm(char16_t unit)
+{
+    const auto is = [unit](const Letter& letter) { return letter.unit == unit; };
+    return unit < 0x80 || std::any_of(std::begin(kLetters), std::end(kLetters), is);
 }
 
 std::u16string DecodeStoredText(std::u16string_view stored, size_t limit)

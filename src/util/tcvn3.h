@@ -16,6 +16,10 @@ std::u16string DecodeText(std::string_view bytes);
 /// "?" where that byte is zero.
 std::string EncodeText(std::u16string_view text);
 
+/// Whether a code unit is a character of the set: ASCII or one of the 74 letters. Any other one comes out of
+/// `EncodeText` as a byte that stands for something else, or for nothing that the label font draws.
+bool HasByteForm(char16_t unit);
+
 /// The wide text of `stored`, a caption or string-table text: TCVN3 bytes kept as the code units of the same value. At
 /// most `limit` of them count; a unit that is no byte counts as "?".
 std::u16string DecodeStoredText(std::u16string_view stored, size_t limit);

@@ -28,7 +28,12 @@ TEST(Numbers, TheLongestNumberAtTheStartOfATextCounts)
     EXPECT_EQ(ToReal(u"0x10"), 0.0);
     EXPECT_EQ(ToReal(u"5１"), 5.0);
     for (const std::u16string_view text : {u"", u" ", u"abc", u"inf", u"-nan", u".", u"-", u"+-1", u".e5", u"e5"})
+    {
         EXPECT_EQ(ToReal(text), 0.0);
+        EXPECT_FALSE(StartsWithReal(text));
+    }
+    for (const std::u16string_view text : {u"0", u" -0.0", u"0x10", u"+.5m", u"1e999"})
+        EXPECT_TRUE(StartsWithReal(text));
 }
 
 TEST(Numbers, RealsOfAnyLengthAndSizeAreRead)

@@ -1,5 +1,6 @@
 #include "util/tcvn3.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace std::string_literals;
@@ -78,4 +79,12 @@ TEST(Tcvn3, WhatHasNoByteIsWrittenAsItsLowByteAndNeverAsZero)
 {
     EXPECT_EQ(EncodeText(u"\x1EA2\x4E2D\xFF41"), "\xA2\x2D\x41") << "a capital with a tone mark, and beyond the set";
     EXPECT_EQ(EncodeText(u"a\x0100\x4E00"s + u'\0' + u"b"), "a???b");
+    std::u16string withForm;
+    for (char32_t unit = 0x80; unit < 0x10000; ++unit)
+        if (HasByteForm(static_cast<char16_t>(unit)))
+            withForm += static_cast<char16_t>(unit);
+    std::u16string letters{kLetters};
+    std::sort(letters.begin(), letters.end());
+    EXPECT_EQ(withForm, letters) << "of what is no ASCII, the letters and nothing else have a byte";
+    EXPECT_TRUE(HasByteForm(u'A') && HasByteForm(u'\x7F'));
 }
