@@ -1,9 +1,11 @@
 #include "console/command_line.h"
 
+#include "console/check.h"
 #include "console/drawing_json.h"
 #include "console/dss_session.h"
 #include "console/plan.h"
 #include "console/progress.h"
+#include "console/report_parts.h"
 #include "console/rows_json.h"
 #include "console/script_runner.h"
 #include "console/symbol_folders.h"
@@ -27,6 +29,7 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "A first session:\n"
     "  veloxa scan road.dxf                                   what is in the drawing\n"
+    "  veloxa check road.dxf --library road.dv                what is missing before drawing\n"
     "  veloxa draw road.dxf -o drawn.dxf --library road.dv    draw all sections of the first alignment\n"
     "  veloxa erase drawn.dxf -o clean.dxf                    take it all back\n"
     "Exit status: 0 done, 1 could not be done (standard error says why), 2 wrong usage.";
@@ -95,7 +98,7 @@ struct FolderChanges
 
 void symbolFolders(const FolderChanges& changes, const CommonOptions& options)
 {
-    SymbolFolderList list{options.settingsFolder};
+    SymbolFolderList list{settingsFolderOf(options)};
     for (const std::string& folder : changes.removed)
         list.remove(folder);
     for (const std::string& folder : changes.added)
@@ -112,6 +115,13 @@ void symbolFolders(const FolderChanges& changes, const CommonOptions& options)
 void print(const Report& report, bool json)
 {
     std::cout << (json ? oneLine(report.json()) + "\n" : report.text());
+}
+
+void check(const std::string& table, const DrawOptions& options)
+{
+    const CheckReport report = checkDrawing(table, options);
+    std::cout << (options.common.json ? oneLine(report.json()) + "\n" : report.text());
+    failWhenStrict(report.unreadable(), options.strict);
 }
 
 void comesLater(const std::string& what)
@@ -136,7 +146,7 @@ public:
         addInfo();
         addPlan();
         addFolderList();
-        addLater("check", "what is missing before drawing: symbol files, codes, ground lines");
+        addCheck();
         addLater("render", "a picture of the drawing");
     }
 
@@ -228,6 +238,24 @@ private:
         CLI::App& command = add("info", "version, sizes, counts of entities by type and layer, blocks",
                                 [this] { info(m_options.common); });
         addCommon(command, m_options.common);
+    }
+
+    void addCheck()
+    {
+        CLI::App& command = add("check", "tell what is missing before drawing: symbol files, rows, ground lines",
+                                [this]
+                                {
+                                    const Progress progress{"checking " + m_options.common.drawing};
+                                    check(m_plan, m_options);
+                                });
+        addCommon(command, m_options.common);
+        command.add_option("--library", m_options.library, "feature library that gives names and codes their symbols")
+            ->type_name("FILE.dv");
+        command.add_option("--table", m_plan, "plan feature-code table")->type_name("FILE.dvbd");
+        command.add_option("--alignment", m_options.alignment, "the alignment to check; all by default")
+            ->type_name("NAME");
+        command.add_flag("--nearby", m_options.nearby, "look for objects near each section too");
+        command.add_flag("--strict", m_options.strict, "fail when a symbol file is missing or cannot be read");
     }
 
     void addFolderList()

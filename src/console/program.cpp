@@ -3,8 +3,10 @@
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
 #include "frame/entry/module.h"
+#include "host/app/paths.h"
 #include "host/drawing/table_index.h"
 #include "host/text.h"
+#include "util/folders.h"
 
 #include <filesystem>
 #include <iostream>
@@ -21,13 +23,18 @@ host::SessionOptions sessionOptions(const CommonOptions& options)
     host::SessionOptions session;
     session.userDataFolder = options.settingsFolder;
     session.symbolFolders = options.symbolFolders;
-    const SymbolFolderList kept{options.settingsFolder};
+    const SymbolFolderList kept{settingsFolderOf(options)};
     session.symbolFolders.insert(session.symbolFolders.end(), kept.folders().begin(), kept.folders().end());
     session.symbolFolders.push_back(programFolder() + "/symbols");
     return session;
 }
 
 } // namespace
+
+std::string settingsFolderOf(const CommonOptions& options)
+{
+    return options.settingsFolder.empty() ? nativePath(UserDataPath()) : options.settingsFolder;
+}
 
 std::string programFolder()
 {
@@ -46,15 +53,23 @@ AcApDocument* Program::open(const std::string& path)
     return m_session.documents().open(toUtf16(path));
 }
 
+void Program::prepareFiles(const std::vector<std::u16string>& files)
+{
+    std::set<std::string> paths;
+    for (const std::u16string& file : std::set<std::u16string>{files.begin(), files.end()})
+        if (auto path = m_session.symbolSearch().find(file))
+            paths.insert(std::move(*path));
+    m_reader.prepare({paths.begin(), paths.end()});
+}
+
 void Program::prepareSymbols(const std::vector<std::u16string>& files)
 {
     TableIndex& tables = m_session.documents().curDocument()->database()->tables();
-    std::set<std::string> paths;
-    for (const std::u16string& file : std::set<std::u16string>{files.begin(), files.end()})
+    std::vector<std::u16string> wanted;
+    for (const std::u16string& file : files)
         if (!file.empty() && tables.find("BLOCK_RECORD", SymbolBlockName(file)) == nullptr)
-            if (auto path = m_session.symbolSearch().find(file))
-                paths.insert(std::move(*path));
-    m_reader.prepare({paths.begin(), paths.end()});
+            wanted.push_back(file);
+    prepareFiles(wanted);
 }
 
 void Program::command(std::u16string_view name)

@@ -28,6 +28,9 @@ struct CommonOptions
     bool json = false;
 };
 
+/// The folder of the user's settings, which may be missing.
+std::string settingsFolderOf(const CommonOptions& options);
+
 /// A host without a display, with the module loaded into it.
 class Program
 {
@@ -35,12 +38,14 @@ public:
     explicit Program(const CommonOptions& options);
 
     host::Session& session() { return m_session; }
+    const host::Session& session() const { return m_session; }
     ScriptFrontEnd& frontEnd() { return m_frontEnd; }
 
     /// Opens a drawing and makes it current.
     AcApDocument* open(const std::string& path);
-    /// Gets symbol files, named as the module names them, ready to be read; those whose block the current drawing has
-    /// already are left alone.
+    /// Gets symbol files, named as the module names them, ready to be read.
+    void prepareFiles(const std::vector<std::u16string>& files);
+    /// The same, but for those whose block the current drawing has already: they will not be read.
     void prepareSymbols(const std::vector<std::u16string>& files);
     /// Runs a command by name; Failure when there is none.
     void command(std::u16string_view name);

@@ -2,8 +2,6 @@
 
 #include "console/program.h"
 #include "files/file_bytes.h"
-#include "host/app/paths.h"
-#include "util/folders.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -46,8 +44,7 @@ std::string absolutePath(const std::string& folder)
 
 } // namespace
 
-SymbolFolderList::SymbolFolderList(const std::string& settingsFolder)
-    : m_file{(settingsFolder.empty() ? nativePath(UserDataPath()) : settingsFolder) + "/symbol-folders.txt"}
+SymbolFolderList::SymbolFolderList(const std::string& settingsFolder) : m_file{settingsFolder + "/symbol-folders.txt"}
 {
     std::error_code ignored;
     if (fs::exists(m_file, ignored))

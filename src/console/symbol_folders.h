@@ -11,8 +11,8 @@ namespace console
 class SymbolFolderList
 {
 public:
-    /// Reads the list in `settingsFolder`, or in the user's own when that is empty. A missing file is an empty list;
-    /// throws FileError for one that cannot be read.
+    /// Reads the list in `settingsFolder`. A missing file is an empty list; throws FileError for one that cannot be
+    /// read.
     explicit SymbolFolderList(const std::string& settingsFolder);
 
     const std::string& file() const { return m_file; }

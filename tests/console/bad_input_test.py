@@ -27,7 +27,7 @@ class BadInput(ProgramTest):
         for arguments in (["scan"], ["draw", SAMPLE], ["scan", SAMPLE, "--nonsense"]):
             self.run_program(*arguments, status=2)
         out, _ = self.run_program("--help")
-        for command in ("scan", "draw", "erase", "plan", "script", "info"):
+        for command in ("scan", "draw", "erase", "plan", "check", "folders", "script", "info"):
             self.assertIn(command, out)
 
     def test_what_cannot_be_done(self):
@@ -41,7 +41,7 @@ class BadInput(ProgramTest):
         self.refused("plan", SAMPLE, "-o", out, "--table", "missing.dvbd", says="missing.dvbd")
         self.refused("draw", SAMPLE, "-o", self.folder / "no" / "such.dxf", "--library", LIBRARY, says="such.dxf")
         self.refused("draw", SAMPLE, "-o", "/dev/full", says="/dev/full")
-        self.refused("check", SAMPLE, says="not part of this version")
+        self.refused("render", SAMPLE, says="not part of this version")
         empty = self.folder / "empty.dxf"
         empty.write_text("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n" + HEAD +
                          "  0\nENDSEC\n  0\nEOF\n")

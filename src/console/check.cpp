@@ -1,0 +1,239 @@
+#include "console/check.h"
+
+#include "console/plan.h"
+#include "console/report_parts.h"
+#include "console/symbol_folders.h"
+#include "dbkit/symbol_block.h"
+#include "files/dwg/temp_folder.h"
+#include "host/drawing/database.h"
+#include "host/drawing/table_index.h"
+#include "sectiondraw/ground_point.h"
+#include "sections/database_cs.h"
+#include "util/document_lock.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <numeric>
+
+namespace console
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+/// Lets `action` see the files of a folder; one that cannot be read has none.
+template <class Action>
+void forEachFile(const fs::path& folder, Action action)
+{
+    std::error_code error;
+    const fs::directory_iterator end;
+    for (fs::directory_iterator file{folder, error}; !error && file != end; file.increment(error))
+        if (std::error_code unknown; file->is_regular_file(unknown))
+            action(file->path());
+}
+
+/// Settings to play with: the user's, copied into a folder that goes when this does.
+class PrivateSettings
+{
+public:
+    explicit PrivateSettings(const std::string& folder)
+    {
+        if (m_folder.path().empty())
+            throw Failure{"a temporary folder could not be made in " + fs::temp_directory_path().string()};
+        forEachFile(folder,
+                    [this](const fs::path& file)
+                    {
+                        std::error_code unreadable; // as good as missing to the module
+                        if (file.extension() == ".cfg")
+                            fs::copy_file(file, m_folder.path() / file.filename(), unreadable);
+                    });
+    }
+
+    std::string folder() const { return m_folder.path().string(); }
+
+private:
+    dwg::TempFolder m_folder;
+};
+
+/// The options of a program that finds all that the user's would, and keeps what it is told elsewhere.
+CommonOptions withSettingsIn(const PrivateSettings& settings, const std::string& table, const DrawOptions& options)
+{
+    CommonOptions common = options.common;
+    const SymbolFolderList kept{settingsFolderOf(options.common)};
+    common.symbolFolders.insert(common.symbolFolders.end(), kept.folders().begin(), kept.folders().end());
+    common.settingsFolder = settings.folder();
+    for (const std::string* file : {&table, &options.library})
+        if (!file->empty())
+            addFoldersOf(*file, common.symbolFolders);
+    return common;
+}
+
+void checkSection(CheckReport& report, const std::string& alignment, const CrossSectionXdata& section)
+{
+    report.features.add(section);
+    const CheckedSection place{alignment, toUtf8(section.m_strName), {}};
+    if (!HasGroundLine(section))
+        report.withoutGroundLine.push_back(place);
+    else if (std::vector<std::string> names = withoutGround(section); !names.empty())
+        report.withoutGround.push_back({place.alignment, place.section, std::move(names)});
+}
+
+/// Takes the user's steps up to drawing on the chosen alignments: nearby objects, settings, library.
+void checkSections(CheckReport& report, Program& program, const DrawOptions& options)
+{
+    DssSession dss{program};
+    std::set<std::u16string, LessNoCase> chosen;
+    if (!options.alignment.empty())
+        dss.choose(options.alignment);
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        if (options.alignment.empty() || equalNoCase(line.m_strName, toUtf16(options.alignment)))
+            chosen.insert(line.m_strName);
+    if (options.nearby)
+        program.command(u"ZE");
+    for (const std::u16string& name : chosen)
+    {
+        if (name.empty()) // the dialog opens no settings for it
+            continue;
+        dss.choose(toUtf8(name));
+        std::vector<size_t> all(dss.line().m_listCrossSections.size());
+        std::iota(all.begin(), all.end(), size_t{0});
+        if (all.empty())
+            continue;
+        dss.tick(all);
+        dss.confirmSettings(options.library);
+        for (const std::string& words : dss.wordsForNumbers())
+            report.notes.push_back(toUtf8(name) + ": " + words);
+    }
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+    {
+        if (!chosen.contains(line.m_strName))
+            continue;
+        report.alignments.emplace_back(toUtf8(line.m_strName), line.m_listCrossSections.size());
+        for (const CrossSectionXdata& section : line.m_listCrossSections)
+            checkSection(report, toUtf8(line.m_strName), section);
+    }
+    dss.close();
+}
+
+/// Reads a symbol file and makes it a block, as a drawing run would; of the drawing in memory, which nobody saves.
+CheckedFile checkFile(Program& program, AcDbDatabase& drawing, const std::u16string& file)
+{
+    host::Session& session = program.session();
+    session.unreadableFiles().clear();
+    const std::u16string block = SymbolBlockName(file);
+    AcDbDatabase symbol(false, false);
+    AcDbObjectId id;
+    if (symbol.readDwgFile(file.c_str(), kForReadAndReadShare) == Acad::eOk &&
+        drawing.tables().find("BLOCK_RECORD", block) == nullptr)
+        drawing.insert(id, block.c_str(), &symbol, true);
+    return {session.symbolSearch().find(file).value_or(std::string{}),
+            session.unreadableFiles().empty() ? std::string{} : session.unreadableFiles().front().reason};
+}
+
+void checkFiles(CheckReport& report, Program& program, AcDbDatabase& drawing)
+{
+    const std::vector<std::u16string> files = report.features.files();
+    program.prepareFiles(files);
+    const OpenForWrite lock;
+    for (const std::u16string& file : files)
+        report.files[file] = checkFile(program, drawing, file);
+}
+
+/// Compares the rows of the library and the table with what the drawing holds.
+void checkRows(CheckReport& report, const std::vector<RowFile>& rowFiles, bool nearby)
+{
+    for (const RowFile& file : rowFiles)
+    {
+        report.notes.insert(report.notes.end(), file.problems.begin(), file.problems.end());
+        for (FileRow& row : file.unused(report.features))
+            report.unusedRows.push_back(std::move(row));
+    }
+    const auto& unused = report.unusedRows;
+    if (!nearby && std::any_of(unused.begin(), unused.end(), [](const FileRow& row) { return row.kind == kNames; }))
+        report.notes.push_back("objects near the sections were not looked for: rows for them count as used by nothing");
+    for (const FeatureKind kind : {kNames, kSectionCodes, kPlanCodes, kTableCodes})
+        for (const auto& [name, files] : report.features.kinds[kind])
+        {
+            const auto none = files.find(u"");
+            const auto knows = [kind = kind, &name = name](const RowFile& file)
+            { return file.find(kind, name) != nullptr; };
+            if (none != files.end() && std::none_of(rowFiles.begin(), rowFiles.end(), knows))
+                report.withoutRow.push_back({kind, name, none->second});
+        }
+}
+
+bool isDrawingFile(const fs::path& path)
+{
+    const std::u16string extension = toUtf16(path.extension().string());
+    return equalNoCase(extension, u".dxf") || equalNoCase(extension, u".dwg");
+}
+
+std::string realPath(const fs::path& path)
+{
+    std::error_code error;
+    const fs::path real = fs::canonical(path, error);
+    return error ? path.string() : real.string();
+}
+
+/// Drawing files beside the library and the table, and in their `symbols` folders, that no row leads to.
+void checkUnusedFiles(CheckReport& report, const Program& program, const std::vector<RowFile>& rowFiles)
+{
+    std::set<std::string> used{realPath(report.drawing)};
+    for (const auto& [path, file] : report.files)
+        used.insert(realPath(file.found));
+    for (const RowFile& rowFile : rowFiles)
+        for (const FileRow& row : rowFile.rows)
+            if (const auto found = program.session().symbolSearch().find(row.file))
+                used.insert(realPath(*found));
+    std::vector<std::string> folders;
+    for (const std::string* file : {&report.table, &report.library})
+        if (!file->empty())
+            addFoldersOf(*file, folders);
+    std::set<std::string> unused;
+    for (const std::string& folder : folders)
+        forEachFile(folder,
+                    [&](const fs::path& file)
+                    {
+                        if (std::string path = realPath(file); isDrawingFile(file) && !used.contains(path))
+                            unused.insert(std::move(path));
+                    });
+    report.unusedFiles.assign(unused.begin(), unused.end());
+}
+
+} // namespace
+
+CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
+{
+    CheckReport report;
+    report.drawing = options.common.drawing;
+    report.library = options.library;
+    report.table = table;
+    std::vector<RowFile> rowFiles;
+    if (!options.library.empty())
+        rowFiles.push_back(readLibraryRows(options.library));
+    if (!table.empty())
+        rowFiles.push_back(readTableRows(table));
+
+    const PrivateSettings settings{settingsFolderOf(options.common)};
+    Program program{withSettingsIn(settings, table, options)};
+    AcDbDatabase& drawing = *program.open(report.drawing)->database();
+    checkSections(report, program, options);
+    noteLabelLayer(report.notes, drawing);
+    if (!table.empty())
+        openPlanTable(program, table,
+                      [&](const FeatureCounts& codes)
+                      {
+                          report.features.kinds[kTableCodes] = codes.kinds[kTableCodes];
+                          report.features.texts[kTableCodes] = codes.texts[kTableCodes];
+                          return false;
+                      });
+    checkFiles(report, program, drawing);
+    checkRows(report, rowFiles, options.nearby);
+    checkUnusedFiles(report, program, rowFiles);
+    noteConversion(report.notes, report.drawing);
+    return report;
+}
+
+} // namespace console
