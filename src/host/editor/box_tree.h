@@ -14,23 +14,24 @@ public:
     /// Gives the item a box, in place of what it had.
     void set(uint32_t item, const Box2d& box);
 
-    /// Calls `found` with every item whose box shares a place with `place`, borders included, in no order.
-    template <class Found>
-    void visit(const Box2d& place, Found&& found)
+    /// Calls `found` with every item whose box is not apart from what is sought, in no order. What `isApart` says of
+    /// a box holds for every box in it.
+    template <class IsApart, class Found>
+    void visit(const IsApart& isApart, Found&& found)
     {
         if (m_loose.size() > kFewest + m_boxes.size() / 8)
             build();
         for (size_t at = 0; at < m_nodes.size();)
         {
             const Node& node = m_nodes[at];
-            const bool apart = node.box.isApart(place, 0.0);
+            const bool apart = isApart(node.box);
             at = apart ? node.skip : at + 1;
             for (uint32_t i = node.begin; !apart && i < node.end; ++i)
-                if (!m_isLoose[m_sorted[i]] && !m_boxes[m_sorted[i]].isApart(place, 0.0))
+                if (!m_isLoose[m_sorted[i]] && !isApart(m_boxes[m_sorted[i]]))
                     found(m_sorted[i]);
         }
         for (const uint32_t item : m_loose)
-            if (!m_boxes[item].isApart(place, 0.0))
+            if (!isApart(m_boxes[item]))
                 found(item);
     }
 

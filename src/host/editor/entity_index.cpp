@@ -1,6 +1,7 @@
 #include "host/editor/entity_index.h"
 
 #include "host/drawing/database.h"
+#include "host/editor/plan_region.h"
 #include "host/text.h"
 
 #include <algorithm>
@@ -130,7 +131,7 @@ void EntityIndex::measure(Kind& kind, size_t at)
     kind.places->set(static_cast<uint32_t>(at), boxInPlan(m_shapes.box(*kind.entities[at])));
 }
 
-void EntityIndex::findNear(Kind& kind, const Box2d& place, std::vector<ObjectRecord*>& found)
+void EntityIndex::findNear(Kind& kind, const PlanRegion& region, std::vector<ObjectRecord*>& found)
 {
     if (!kind.places)
     {
@@ -138,5 +139,6 @@ void EntityIndex::findNear(Kind& kind, const Box2d& place, std::vector<ObjectRec
         for (size_t at = 0; at < kind.entities.size(); ++at)
             measure(kind, at);
     }
-    kind.places->visit(place, [&](uint32_t at) { found.push_back(kind.entities[at]); });
+    kind.places->visit([&](const Box2d& box) { return region.isApart(box); },
+                       [&](uint32_t at) { found.push_back(kind.entities[at]); });
 }

@@ -30,8 +30,8 @@ public:
 
     /// The kinds, brought up to date with the drawing.
     std::vector<Kind>& kinds();
-    /// Appends the entities of the kind whose boxes meet `place`, in no order, erased ones among them.
-    void findNear(Kind& kind, const Box2d& place, std::vector<ObjectRecord*>& found);
+    /// Appends the entities of the kind whose boxes the region may meet, in no order, erased ones among them.
+    void findNear(Kind& kind, const PlanRegion& region, std::vector<ObjectRecord*>& found);
 
     EntityShapes& shapes() { return m_shapes; }
     LayerStates& layers() { return m_layers; }

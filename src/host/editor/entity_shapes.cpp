@@ -16,19 +16,50 @@ namespace
 constexpr size_t kDeepestNesting = 100;
 constexpr size_t kMostVisits = 100'000;
 
-/// Points joined by straight lines; a single point stands for itself.
-using Run = AcGePoint3dArray;
+/// The most lines of a run: so few that their box tells something of them.
+constexpr size_t kLongestRun = 16;
 
+/// Points joined by straight lines, and the box around them; a single point stands for itself.
+struct Run
+{
+    AcGePoint3dArray points;
+    AcGeExtents box;
+};
+
+/// The curve as runs, each going on where the last one ended.
+void appendRuns(const CurvePath& curve, std::vector<Run>& runs)
+{
+    const AcGePoint3dArray points = curve.flatten();
+    for (size_t begin = 0; begin < points.size(); begin += kLongestRun)
+    {
+        if (begin > 0 && begin + 1 == points.size())
+            break; // the end of the run before
+        const size_t end = std::min(begin + kLongestRun + 1, points.size());
+        Run& run = runs.emplace_back();
+        run.points.assign(points.begin() + static_cast<ptrdiff_t>(begin), points.begin() + static_cast<ptrdiff_t>(end));
+        for (const AcGePoint3d& point : run.points)
+            run.box.addPoint(point);
+    }
+}
+
+/// A box around what the map makes of a box.
 AcGeExtents transformed(const AcGeExtents& box, const AcGeMatrix3d& map)
 {
     AcGeExtents result;
     if (!box.isValid())
         return result;
-    const AcGePoint3d& low = box.minPoint();
-    const AcGePoint3d& high = box.maxPoint();
-    for (unsigned corner = 0; corner < 8; ++corner)
-        result.addPoint(map * AcGePoint3d{(corner & 1) != 0 ? high.x : low.x, (corner & 2) != 0 ? high.y : low.y,
-                                          (corner & 4) != 0 ? high.z : low.z});
+    AcGePoint3d low = map.origin();
+    AcGePoint3d high = low;
+    const auto stretch = [&](const AcGeVector3d& from, const AcGeVector3d& to)
+    {
+        low += AcGeVector3d{std::min(from.x, to.x), std::min(from.y, to.y), std::min(from.z, to.z)};
+        high += AcGeVector3d{std::max(from.x, to.x), std::max(from.y, to.y), std::max(from.z, to.z)};
+    };
+    stretch(map.column(0) * box.minPoint().x, map.column(0) * box.maxPoint().x);
+    stretch(map.column(1) * box.minPoint().y, map.column(1) * box.maxPoint().y);
+    stretch(map.column(2) * box.minPoint().z, map.column(2) * box.maxPoint().z);
+    result.addPoint(low);
+    result.addPoint(high);
     return result;
 }
 
@@ -69,12 +100,14 @@ AcGePoint3d insertionPoint(const InsertPlacement& reference)
 bool runMeets(const Run& run, const AcGeMatrix3d& placed, const PlanRegion& region)
 {
     const bool seekMeeting = region.kind() != PlanRegion::Kind::Window;
-    if (run.size() == 1)
-        return region.meetsPoint(placed * run.front());
-    AcGePoint3d from = placed * run.front();
-    for (size_t i = 1; i < run.size(); ++i)
+    if (run.box.isValid() && region.isApart(boxInPlan(transformed(run.box, placed))))
+        return false;
+    if (run.points.size() == 1)
+        return region.meetsPoint(placed * run.points.front());
+    AcGePoint3d from = placed * run.points.front();
+    for (size_t i = 1; i < run.points.size(); ++i)
     {
-        const AcGePoint3d to = placed * run[i];
+        const AcGePoint3d to = placed * run.points[i];
         if (region.meetsLine(from, to) == seekMeeting)
             return seekMeeting;
         from = to;
@@ -132,7 +165,7 @@ private:
             if (++m_visits > kMostVisits)
                 return true;
             const AcGeMatrix3d placed = outer * block->placed(reference, i);
-            if (m_seekMeeting && boxInPlan(transformed(block->box, placed)).isApart(m_region.box(), 0.0))
+            if (m_seekMeeting && m_region.isApart(boxInPlan(transformed(block->box, placed))))
                 continue;
             if (visitContents(*block, placed, depth))
                 return true;
@@ -192,11 +225,10 @@ void EntityShapes::load(Block& block, uint32_t container, size_t depth)
         }
         for (const CurvePath& curve : curvesOf(entity))
         {
-            loaded.runs.push_back(curve.flatten());
+            appendRuns(curve, loaded.runs);
             loaded.box.addExtents(curve.extents());
         }
     }
-    std::erase_if(loaded.runs, [](const Run& run) { return run.empty(); });
     block = std::move(loaded);
 }
 
@@ -243,7 +275,7 @@ bool EntityShapes::referenceMeets(const InsertPlacement& reference, const PlanRe
     if (!around.isValid())
         return region.meetsPoint(insertionPoint(reference));
     const Box2d box = boxInPlan(around);
-    return !box.isApart(region.box(), 0.0) && (region.holdsBox(box) || Walk{*this, region}.meets(reference));
+    return !region.isApart(box) && (region.holdsBox(box) || Walk{*this, region}.meets(reference));
 }
 
 bool EntityShapes::curvesMeet(ObjectRecord& entity, const PlanRegion& region)
@@ -254,11 +286,10 @@ bool EntityShapes::curvesMeet(ObjectRecord& entity, const PlanRegion& region)
         const AcGeExtents place = standingPlace(entity);
         return place.isValid() && region.meetsPoint(place.minPoint());
     }
-    const auto decides = [&region](const CurvePath& curve)
-    {
-        const Run run = curve.flatten();
-        return !run.empty() && runMeets(run, AcGeMatrix3d::kIdentity, region);
-    };
-    return region.kind() == PlanRegion::Kind::Window ? std::all_of(curves.begin(), curves.end(), decides)
-                                                     : std::any_of(curves.begin(), curves.end(), decides);
+    std::vector<Run> runs;
+    for (const CurvePath& curve : curves)
+        appendRuns(curve, runs);
+    const auto meets = [&region](const Run& run) { return runMeets(run, AcGeMatrix3d::kIdentity, region); };
+    return region.kind() == PlanRegion::Kind::Window ? !runs.empty() && std::all_of(runs.begin(), runs.end(), meets)
+                                                     : std::any_of(runs.begin(), runs.end(), meets);
 }

@@ -1,6 +1,5 @@
 #include "host/editor/plan_region.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace
@@ -53,6 +52,32 @@ PlanRegion::PlanRegion(Kind kind, std::vector<AcGePoint2d> corners) : m_kind{kin
     m_box.minY -= m_tolerance;
     m_box.maxX += m_tolerance;
     m_box.maxY += m_tolerance;
+    m_margin = 4.0 * m_tolerance;
+    if (m_kind != Kind::Fence)
+        findSides();
+}
+
+void PlanRegion::findSides()
+{
+    double area = 0.0;
+    for (size_t i = 0; i < sides(); ++i)
+        area += turn(m_corners.front(), corner(i), corner(i + 1));
+    const double inward = area > 0.0 ? 1.0 : -1.0;
+    std::vector<Side> found;
+    for (size_t i = 0; i < sides(); ++i)
+    {
+        const AcGeVector2d way = corner(i + 1) - corner(i);
+        if (const double length = way.length(); length > 0.0)
+            found.push_back({corner(i), way.perpVector() * (inward / length)});
+    }
+    const auto holdsAll = [this](const Side& side)
+    {
+        return std::all_of(m_corners.begin(), m_corners.end(),
+                           [&](const AcGePoint2d& each)
+                           { return (each - side.at).dotProduct(side.inward) >= -m_tolerance; });
+    };
+    if (std::all_of(found.begin(), found.end(), holdsAll))
+        m_sides = std::move(found);
 }
 
 PlanRegion::PlanRegion(const Box2d& rectangle) : PlanRegion{Kind::Crossing, cornersOf(rectangle)} {}

@@ -138,7 +138,7 @@ AcDbObjectIdArray selectIn(AcApDocument& document, const PlanRegion& region, con
         if (known == false || kind.entities.empty())
             continue;
         near.clear();
-        index.findNear(kind, region.box(), near);
+        index.findNear(kind, region, near);
         for (ObjectRecord* entity : near)
             if (passes(filter, kind, known, *entity) && index.shapes().meets(*entity, region) && sight.sees(*entity))
                 found.push_back(entity);
