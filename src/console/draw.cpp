@@ -7,15 +7,12 @@
 #include "sections/database_cs.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace console
 {
 
 namespace
 {
-
-constexpr const char16_t* kSettingsName = u"iniSymbol.cfg";
 
 /// Entities of an id list that are still there.
 size_t liveCount(const AcDbObjectIdArray& ids)
@@ -82,7 +79,6 @@ void addNotes(Notes& notes, const FeatureCounts& drawn, AcDbDatabase& database)
     if (style.fcodeLabel.on)
         noteLostTexts(notes, drawn, kSectionCodes, "the label");
     noteLabelLayer(notes, database);
-    noteUnkept(notes, kSettingsName);
 }
 
 } // namespace
@@ -98,7 +94,8 @@ Report drawDrawing(const DrawOptions& options)
     }
     Program program{common};
     AcDbDatabase& database = *program.open(options.common.drawing)->database();
-    const bool confirm = library || !std::filesystem::exists(settingsFile(kSettingsName));
+    const KeptFile settings{u"iniSymbol.cfg"};
+    const bool confirm = library || !settings.existed();
     DssSession dss{program};
     dss.choose(options.alignment);
     const std::vector<size_t> positions = parseSectionList(options.sections, dss.line().m_listCrossSections.size());
@@ -135,6 +132,8 @@ Report drawDrawing(const DrawOptions& options)
     dss.close();
     noteConversion(report.notes, options.common.drawing);
     addNotes(report.notes, drawn, database);
+    if (!dss.line().m_listCrossSections.empty()) // without sections the dialog keeps nothing
+        settings.noteUnkept(report.notes);
     failWhenStrict(report.unreadable, options.strict);
     program.session().saveCurrent(toUtf16(options.output));
     return report;

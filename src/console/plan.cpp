@@ -128,6 +128,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     Program program{common};
     AcDbDatabase& database = *program.open(common.drawing)->database();
     const CountByCode before = planSymbols(database);
+    const KeptFile lastState{u"FcodeBD.cfg"};
     FeatureCounts codes;
     openPlanTable(program, table,
                   [&](FeatureCounts found)
@@ -150,7 +151,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
     if (!codes.kinds[kTableCodes].empty())
-        noteUnkept(report.notes, u"FcodeBD.cfg");
+        lastState.noteUnkept(report.notes);
     noteConversion(report.notes, options.common.drawing);
     if (!report.unreadable.empty())
         report.notes.push_back(

@@ -9,11 +9,23 @@
 #include "sections/database_cs.h"
 #include "util/folders.h"
 
-#include <filesystem>
 #include <set>
 
 namespace console
 {
+
+namespace
+{
+
+/// When a file was written last; nothing for a missing one.
+std::optional<std::filesystem::file_time_type> timeOf(const std::string& path)
+{
+    std::error_code error;
+    const auto time = std::filesystem::last_write_time(path, error);
+    return error ? std::nullopt : std::optional{time};
+}
+
+} // namespace
 
 std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session)
 {
@@ -59,15 +71,15 @@ void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, 
                         keys);
 }
 
-std::string settingsFile(const std::u16string& name)
+KeptFile::KeptFile(const std::u16string& name)
+    : m_path{nativePath(UserDataFolder() + u"\\" + name)}, m_before{timeOf(m_path)}
 {
-    return nativePath(UserDataFolder() + u"\\" + name);
 }
 
-void noteUnkept(Notes& notes, const std::u16string& name)
+void KeptFile::noteUnkept(Notes& notes) const
 {
-    if (const std::string file = settingsFile(name); !std::filesystem::exists(file))
-        notes.push_back("the settings could not be kept: " + file + " cannot be written");
+    if (const auto now = timeOf(m_path); !now || now == m_before)
+        notes.push_back("the settings could not be kept: " + m_path + " cannot be written");
 }
 
 void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict)

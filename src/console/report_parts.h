@@ -5,6 +5,8 @@
 #include "console/report.h"
 #include "console/row_file.h"
 
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,11 +34,21 @@ void noteLostTexts(Notes& notes, const FeatureCounts& features, FeatureKind kind
 /// whether the features hold the objects near the sections.
 void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, bool nearby);
 
-/// The file of that name is not in the settings folder after a run that should have written it.
-void noteUnkept(Notes& notes, const std::u16string& name);
+/// A file of the settings folder that a run should write: notices whether it does.
+class KeptFile
+{
+public:
+    /// Looks at the file before the run; a session is running.
+    explicit KeptFile(const std::u16string& name);
 
-/// The path of a file in the settings folder.
-std::string settingsFile(const std::u16string& name);
+    bool existed() const { return m_before.has_value(); }
+    /// The run is over and the file was not written.
+    void noteUnkept(Notes& notes) const;
+
+private:
+    std::string m_path;
+    std::optional<std::filesystem::file_time_type> m_before; ///< when it was written last
+};
 
 /// Failure that names an unreadable symbol file, when the user asked for that.
 void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict);

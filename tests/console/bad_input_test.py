@@ -4,7 +4,7 @@ import os
 import random
 import subprocess
 
-from program import LIBRARY, SAMPLE, SYMBOLS, ProgramTest, main
+from program import LIBRARY, SAMPLE, SYMBOLS, TABLE, ProgramTest, main
 
 HEAD = "  0\nSECTION\n  2\nENTITIES\n"
 
@@ -80,7 +80,8 @@ class BadInput(ProgramTest):
                 lines[i] = chooser.choice(values) if lines[i].strip()[:1].isdigit() else lines[i]
             bad.write_bytes(b"\n".join(lines))
             for command in (["scan", bad, "--nearby"], ["draw", bad, "-o", out, "--library", LIBRARY, "--symbols", SYMBOLS,
-                                                        "--nearby"]):
+                                                        "--nearby"],
+                            ["check", bad, "--library", LIBRARY, "--table", TABLE, "--nearby"]):
                 status = self.status_of(*command)
                 self.assertIn(status, (0, 1), command)
 
@@ -93,6 +94,17 @@ class BadInput(ProgramTest):
         blocked.write_text("a file where the folder should be")
         out, _ = self.run_program("draw", SAMPLE, "-o", self.folder / "out.dxf", "--settings", blocked / "settings")
         self.assertIn("settings could not be kept", out)
+        for name in ("iniSymbol.cfg", "FcodeBD.cfg"):
+            (self.settings / name).mkdir(parents=True)
+        for command in (["draw", SAMPLE, "--library", LIBRARY], ["plan", SAMPLE, "--table", TABLE]):
+            notes = self.run_json(*command, "-o", self.folder / "out.dxf")["notes"]
+            self.assertEqual(len([note for note in notes if "settings could not be kept" in note]), 1, notes)
+        for name in ("iniSymbol.cfg", "FcodeBD.cfg"):
+            (self.settings / name).rmdir()
+        for _ in range(2):
+            for command in (["draw", SAMPLE, "--library", LIBRARY], ["plan", SAMPLE, "--table", TABLE]):
+                notes = self.run_json(*command, "-o", self.folder / "out.dxf")["notes"]
+                self.assertNotIn("settings could not be kept", "".join(notes))
 
 
 if __name__ == "__main__":
