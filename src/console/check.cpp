@@ -34,6 +34,13 @@ void forEachFile(const fs::path& folder, Action action)
             action(file->path());
 }
 
+std::string realPath(const fs::path& path)
+{
+    std::error_code error;
+    const fs::path real = fs::canonical(path, error);
+    return error ? path.string() : real.string();
+}
+
 /// Settings to play with: the user's, copied into a folder that goes when this does.
 class PrivateSettings
 {
@@ -117,10 +124,10 @@ void checkSections(CheckReport& report, Program& program, const DrawOptions& opt
     dss.close();
 }
 
-/// Reads a symbol file and makes it a block, as a drawing run would; of the drawing in memory, which nobody saves.
-CheckedFile checkFile(Program& program, AcDbDatabase& drawing, const std::u16string& file)
+/// Reads a symbol file and, where the drawing lacks it, makes it a block, as a drawing run would; of the drawing in
+/// memory, which nobody saves. Answers why that failed.
+std::string whyUnusable(host::Session& session, AcDbDatabase& drawing, const std::u16string& file)
 {
-    host::Session& session = program.session();
     session.unreadableFiles().clear();
     const std::u16string block = SymbolBlockName(file);
     AcDbDatabase symbol(false, false);
@@ -128,17 +135,41 @@ CheckedFile checkFile(Program& program, AcDbDatabase& drawing, const std::u16str
     if (symbol.readDwgFile(file.c_str(), kForReadAndReadShare) == Acad::eOk &&
         drawing.tables().find("BLOCK_RECORD", block) == nullptr)
         drawing.insert(id, block.c_str(), &symbol, true);
-    return {session.symbolSearch().find(file).value_or(std::string{}),
-            session.unreadableFiles().empty() ? std::string{} : session.unreadableFiles().front().reason};
+    return session.unreadableFiles().empty() ? std::string{} : session.unreadableFiles().front().reason;
+}
+
+/// Files of the same name become the same block, whatever they hold.
+void noteSharedBlocks(CheckReport& report)
+{
+    std::map<std::u16string, std::map<std::string, std::u16string>, LessNoCase> blocks;
+    for (const auto& [path, file] : report.files)
+        if (!file.found.empty())
+            blocks[SymbolBlockName(path)].emplace(realPath(file.found), path);
+    for (const auto& [block, files] : blocks)
+    {
+        if (files.size() < 2)
+            continue;
+        std::vector<std::string> paths;
+        for (const auto& [found, path] : files)
+            paths.push_back(toUtf8(path));
+        report.notes.push_back("the symbol files " + joined(paths) + " become the same block, \"" + toUtf8(block) +
+                               "\": the one that is drawn first stands for all");
+    }
 }
 
 void checkFiles(CheckReport& report, Program& program, AcDbDatabase& drawing)
 {
     const std::vector<std::u16string> files = report.features.files();
     program.prepareFiles(files);
-    const OpenForWrite lock;
+    host::Session& session = program.session();
     for (const std::u16string& file : files)
-        report.files[file] = checkFile(program, drawing, file);
+        report.files[file] = {session.symbolSearch().find(file).value_or(std::string{}),
+                              {},
+                              drawing.tables().find("BLOCK_RECORD", SymbolBlockName(file)) != nullptr};
+    const OpenForWrite lock;
+    for (auto& [path, file] : report.files)
+        file.reason = whyUnusable(session, drawing, path);
+    noteSharedBlocks(report);
 }
 
 /// Compares the rows of the library and the table with what the drawing holds.
@@ -168,13 +199,6 @@ bool isDrawingFile(const fs::path& path)
 {
     const std::u16string extension = toUtf16(path.extension().string());
     return equalNoCase(extension, u".dxf") || equalNoCase(extension, u".dwg");
-}
-
-std::string realPath(const fs::path& path)
-{
-    std::error_code error;
-    const fs::path real = fs::canonical(path, error);
-    return error ? path.string() : real.string();
 }
 
 /// Drawing files beside the library and the table, and in their `symbols` folders, that no row leads to.

@@ -62,6 +62,7 @@ Json featuresJson(const FilesByName& names, const std::map<std::u16string, Check
             {
                 entry["found"] = checked->second.found;
                 entry["reason"] = checked->second.reason;
+                entry["inDrawing"] = checked->second.inDrawing;
             }
             json.push_back(std::move(entry));
         }
@@ -86,10 +87,11 @@ std::string fileText(const std::u16string& file, const std::map<std::u16string, 
     const auto checked = files.find(file);
     if (checked == files.end())
         return "no symbol file";
-    const auto& [found, reason] = checked->second;
-    if (found.empty())
-        return toUtf8(file) + ": not found";
-    return toUtf8(file) + " -> " + found + (reason.empty() ? "" : ": cannot be read");
+    const auto& [found, reason, inDrawing] = checked->second;
+    std::string text = toUtf8(file) + (found.empty() ? ": not found" : " -> " + found);
+    if (!found.empty() && !reason.empty())
+        text += ": cannot be read";
+    return text + (inDrawing ? "; the drawing has its block" : "");
 }
 
 std::string featuresText(const CheckReport& report)

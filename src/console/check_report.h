@@ -18,6 +18,7 @@ struct CheckedFile
 {
     std::string found;  ///< its real path; empty when it is nowhere
     std::string reason; ///< why it cannot be used; empty when it can
+    bool inDrawing;     ///< the drawing has a block of its name, which is used in place of the file
 };
 
 /// A section, and what is the matter with it.

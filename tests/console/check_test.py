@@ -78,7 +78,8 @@ class Check(ProgramTest):
         checked = self.check(SAMPLE, "--library", library)
         names, codes = self.names(checked["names"]), self.names(checked["codes"])
         self.assertEqual(names["Mép đường"], {"name": "Mép đường", "count": 99, "file": "D:\\Ve\\CAY.dxf",
-                                              "found": str(folder / "Cay.DXF"), "reason": ""})
+                                              "found": str(folder / "Cay.DXF"), "reason": "",
+                                              "inDrawing": False})
         self.assertEqual(names["Mương"]["found"], str(folder / "garbage.dxf"))
         self.assertIn("line 1", names["Mương"]["reason"])
         self.assertEqual((codes["DC1"]["found"], codes["DC1"]["count"]), ("", 32))
@@ -99,6 +100,17 @@ class Check(ProgramTest):
         for says in (f"Mép đường (99): D:\\Ve\\CAY.dxf -> {folder / 'Cay.DXF'}\n", "DC1 (32): lost.dxf: not found\n",
                      f"garbage.dxf -> {folder / 'garbage.dxf'}: cannot be read", "Cáp quang (50), [SYMBOL]\n"):
             self.assertIn(says, text)
+
+    def test_files_that_become_the_same_block(self):
+        library = self.library("[SYMBOL]", "Mép đường,Cay.dxf,1,1,0", "Mương,symbols/cay.dxf,1,1,0", "Cáp quang,Cot.dxf,1,1,0",
+                               "[TN]", "DC1,d:\\COT.DXF,1,1,0")
+        for name in ("Cay.dxf", "symbols/cay.dxf", "Cot.dxf"):
+            shutil.copy(SYMBOLS / "CayLaRong.dxf", library.parent / name)
+        out, _ = self.run_program("check", SAMPLE, "--library", library, "--settings", self.settings, "--json",
+                                  cwd=library.parent)
+        self.assertEqual([note for note in json.loads(out)["notes"] if "block" in note],
+                         ['the symbol files Cay.dxf, symbols/cay.dxf become the same block, "Cay": '
+                          "the one that is drawn first stands for all"])
 
     def test_the_plan_and_its_table(self):
         table = self.folder / "road.dvbd"
@@ -133,6 +145,7 @@ class Check(ProgramTest):
         drawn = self.folder / "drawn.dxf"
         self.draw(SAMPLE, drawn, "--library", LIBRARY, "--alignment", "T2")
         kept = self.check(drawn, "--symbols", SYMBOLS)
+        self.assertTrue(self.names(entry for entry in kept["names"] if entry["file"])["Mép đường"]["inDrawing"])
         self.assertEqual({entry["file"] for entry in kept["names"] if entry["name"] == "Mép đường"},
                          {"", "symbols\\MepDuong.dxf"}, "they are kept for one alignment")
         text = drawn.read_text(encoding="utf-8").replace("\n5.00,5.00,0.40,2.00\n", "\nfünf,5.00,0.40,2.00\n")
