@@ -23,6 +23,18 @@ Box2d boxOf(const AcGePoint2d& a, const AcGePoint2d& b)
     return box;
 }
 
+bool isUsable(const StraightWay& way)
+{
+    return boxOf(way.from, way.to).magnitude() < kLargestCoordinate;
+}
+
+/// Kept out of line: it is seldom needed.
+[[gnu::noinline]] void addByCloserLook(const BoxedSegment& own, const BoxedSegment& line, CrossingList& list)
+{
+    if (addCrossings(own, line, 0.0, list))
+        endCrossingsOfSegment(own, list);
+}
+
 Box2d widened(const Box2d& box)
 {
     const double gap = placeTolerance(box.magnitude());
@@ -54,6 +66,15 @@ uint32_t CrossingSearch::Gate::crossedBy(std::span<const AcGePoint2d> vertices, 
     const uint32_t segments = (uint32_t{1} << (vertices.size() - 1)) - 1;
     const uint32_t oneSide = (left & (left >> 1)) | (right & (right >> 1));
     return ~(oneSide >> (32 - vertices.size())) & segments;
+}
+
+/// False for a box that lies on one side of the line as a whole.
+bool CrossingSearch::Gate::mayMeet(const Box2d& box, double gap) const
+{
+    const AcGeVector2d half{0.5 * (box.maxX - box.minX), 0.5 * (box.maxY - box.minY)};
+    const AcGeVector2d toMiddle = AcGePoint2d{box.minX, box.minY} + half - from;
+    const double reach = std::fabs(way.x) * half.y + std::fabs(way.y) * half.x;
+    return std::fabs(way.crossProduct(toMiddle)) <= reach + slack(gap);
 }
 
 /// Whether a segment lies before the line's start or behind its end as a whole.
@@ -135,7 +156,7 @@ void CrossingSearch::collect(std::span<const AcGePoint2d> path, size_t first, si
         m_grid.visitNear(box, gap,
                          [&](uint32_t line)
                          {
-                             if (isFirstAsked(line))
+                             if (isFirstAsked(line) && m_gates[line].mayMeet(box, gap))
                                  test(line, path, first, last, gap);
                          });
         return;
@@ -184,12 +205,13 @@ void CrossingSearch::cross(std::span<const AcGePoint2d> path, std::span<const Pa
     const bool isRing = path.front().x == path.back().x && path.front().y == path.back().y;
     const size_t enough = isRing ? 3 : 2;
     const BoxedSegment& line = m_segments[pairs.front().line];
+    const double gap = m_gates[pairs.front().line].ownGap;
     CrossingList list{m_points};
     for (const Pair& pair : pairs)
     {
-        const BoxedSegment own{vertexOf(path[pair.segment]), vertexOf(path[pair.segment + 1])};
-        if (addCrossings(own, line, 0.0, list))
-            endCrossingsOfSegment(own, list);
+        const StraightWay own{path[pair.segment], path[pair.segment + 1]};
+        if (!isUsable(own) || !addClearCrossing(own, {line.from, line.to}, gap, 0.0, list))
+            addByCloserLook({vertexOf(own.from), vertexOf(own.to)}, line, list);
         if (m_points.size() >= enough)
             break;
     }

@@ -33,6 +33,7 @@ private:
         explicit Gate(const SearchLine& line);
         double slack(double gap) const { return 8.0 * size * (ownGap + gap); }
         uint32_t crossedBy(std::span<const AcGePoint2d> vertices, double slack) const;
+        bool mayMeet(const Box2d& box, double gap) const;
         bool isPassed(const AcGePoint2d& a, const AcGePoint2d& b, double slack) const;
 
         AcGePoint2d from;

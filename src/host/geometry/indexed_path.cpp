@@ -114,14 +114,9 @@ inline void IndexedPath::addSegment(std::size_t segment, const BoxedSegment& oth
 {
     const PathVertex& from = m_path.segmentStart(segment);
     const PathVertex& to = m_path.segmentEnd(segment);
-    AcGePoint2d place;
-    const Meeting meeting = other.bulge == 0.0
-                                ? meetingOf({{from.x, from.y}, {to.x, to.y}}, {other.from, other.to}, gap, place)
-                                : Meeting::Unclear;
-    if (meeting == Meeting::Unclear)
+    const StraightWay own{{from.x, from.y}, {to.x, to.y}};
+    if (other.bulge != 0.0 || !addClearCrossing(own, {other.from, other.to}, gap, m_path.elevation(), list))
         addByCloserLook(segment, other, list);
-    else if (meeting == Meeting::Crossing)
-        list.addOnly({place.x, place.y, m_path.elevation()});
 }
 
 inline void IndexedPath::addSegment(std::size_t segment, const CurvePath& other, double, CrossingList& list) const

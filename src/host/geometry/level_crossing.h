@@ -33,6 +33,18 @@ inline void endCrossingsOfSegment(const BoxedSegment& own, CrossingList& list)
     list.endSegment([&](const AcGePoint3d& p) { return own.segment().fractionAt({p.x, p.y}); });
 }
 
+/// `addCrossings` and `endCrossingsOfSegment` for two straight segments that are known to be usable, as long as a
+/// tolerance no smaller than theirs leaves no doubt; false, and nothing done, when it does.
+inline bool addClearCrossing(const StraightWay& own, const StraightWay& other, double tolerance, double elevation,
+                             CrossingList& list)
+{
+    AcGePoint2d place;
+    const Meeting meeting = meetingOf(own, other, tolerance, place);
+    if (meeting == Meeting::Crossing)
+        list.addOnly({place.x, place.y, elevation});
+    return meeting != Meeting::Unclear;
+}
+
 /// Adds where segment `segment` of `a` meets one other segment.
 inline void addCrossingsOfSegment(const CurvePath& a, std::size_t segment, const BoxedSegment& other,
                                   CrossingList& list)
