@@ -90,8 +90,8 @@ void readAll(const Descriptor& file, char* to, size_t size, const std::string& p
     }
 }
 
-/// Writes pieces to a file, gathered in aligned memory first: handed over as they stand in a drawing, at odd places, they
-/// cost the system several times as much.
+/// Writes pieces to a file, gathered in aligned memory first: handed over as they stand in a drawing, at odd places,
+/// they cost the system several times as much.
 class Output
 {
 public:

@@ -129,7 +129,7 @@ bool AcDbEntity::mayChange()
     return false;
 }
 
-Acad::ErrorStatus AcDbEntity::mayChangeFresh()
+Acad::ErrorStatus AcDbEntity::mayChangeAppended()
 {
     if (!mayChange())
         return Acad::eNotOpenForWrite;

@@ -44,10 +44,12 @@ protected:
     /// Whether the fields may change now: a loaded object must be open for write (else the ledger notes a fault).
     bool mayChange();
     /// `eOk` for a fresh object, whose fields are the truth and may change; else why not.
-    Acad::ErrorStatus mayChangeFresh();
+    Acad::ErrorStatus mayChangeFresh() { return isFresh() && objectId().isNull() ? Acad::eOk : mayChangeAppended(); }
 
 private:
     friend class AcDbBlockTableRecord;
+    Acad::ErrorStatus mayChangeAppended();
+
     std::u16string m_layer; ///< of a fresh entity; empty until set or appended
     int m_color = 256;
 };

@@ -140,9 +140,10 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     if (record->has(ObjectRecord::kErased) && !openErased)
         return Acad::eWasErased;
     AcDbDatabase& database = *record->database;
-    if (kind != AcDbObject::desc() && !database.classOf(*record)->isDerivedFrom(kind))
-        return Acad::eNotThatKindOfClass;
     AcDbObject* const resident = record->resident;
+    const AcRxClass* const own = resident != nullptr ? resident->isA() : database.classOf(*record);
+    if (own != kind && !own->isDerivedFrom(kind))
+        return Acad::eNotThatKindOfClass;
     if (resident != nullptr && resident->m_writing)
     {
         if (mode == AcDb::kForWrite)

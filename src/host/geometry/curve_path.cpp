@@ -45,6 +45,7 @@ CurvePath CurvePath::plane(std::vector<PathVertex> vertices, bool closed, double
     path.m_normal = normal.normal();
     if (!(path.m_normal.lengthSqrd() > 0.5 && path.m_normal.lengthSqrd() < 2.0))
         path.m_normal = AcGeVector3d::kZAxis;
+    path.m_level = path.m_normal.x == 0.0 && path.m_normal.y == 0.0 && path.m_normal.z == 1.0;
     return path;
 }
 
@@ -58,6 +59,7 @@ CurvePath CurvePath::space(std::span<const AcGePoint3d> points, bool closed)
     path.m_elevation = points.empty() ? 0.0 : points.front().z;
     path.m_plane =
         std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& p) { return p.z == path.m_elevation; });
+    path.m_level = path.m_plane;
     return path;
 }
 

@@ -37,7 +37,7 @@ public:
     bool isClosed() const { return m_closed; }
     bool isPlane() const { return m_plane; }
     /// Whether the path lies parallel to the world's XY plane, its coordinates the world's.
-    bool isLevel() const { return m_plane && m_normal.x == 0.0 && m_normal.y == 0.0 && m_normal.z == 1.0; }
+    bool isLevel() const { return m_level; }
     bool hasArcs() const;
     double elevation() const { return m_elevation; }
     const AcGeVector3d& normal() const { return m_normal; }
@@ -96,4 +96,5 @@ private:
     double m_elevation = 0.0;
     bool m_closed = false;
     bool m_plane = true;
+    bool m_level = true; ///< follows from the rest, and is asked most
 };

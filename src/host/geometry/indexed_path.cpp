@@ -112,8 +112,8 @@ inline std::size_t IndexedPath::firstReaching(double x) const
 inline void IndexedPath::addSegment(std::size_t segment, const BoxedSegment& other, double gap,
                                     CrossingList& list) const
 {
-    const PathVertex& from = m_path.segmentStart(segment);
-    const PathVertex& to = m_path.segmentEnd(segment);
+    const PathVertex& from = m_path.vertices()[segment];
+    const PathVertex& to = m_path.vertices()[segment + 1];
     const StraightWay own{{from.x, from.y}, {to.x, to.y}};
     if (other.bulge != 0.0 || !addClearCrossing(own, {other.from, other.to}, gap, m_path.elevation(), list))
         addByCloserLook(segment, other, list);

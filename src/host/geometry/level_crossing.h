@@ -79,5 +79,6 @@ inline void endCrossings(const CurvePath& a, CrossingList& list)
 /// Whether two level or otherwise parallel heights are the same one for paths of this size.
 inline bool isSameHeight(double a, double b, double magnitude)
 {
-    return std::fabs(a - b) <= placeTolerance(std::max(std::min(std::fabs(a), std::fabs(b)), magnitude));
+    const double gap = std::fabs(a - b);
+    return gap == 0.0 || gap <= placeTolerance(std::max(std::min(std::fabs(a), std::fabs(b)), magnitude));
 }
