@@ -90,58 +90,61 @@ void readAll(const Descriptor& file, char* to, size_t size, const std::string& p
     }
 }
 
-/// Writes pieces to a file, gathered in aligned memory first: handed over as they stand in a drawing, at odd places,
-/// they cost the system several times as much.
+/// Writes pieces to a file a part at a time, so that the disk begins while the rest is handed over: small pieces are
+/// gathered, large ones go as they are.
 class Output
 {
 public:
     Output(int file, const std::string& path)
-        : m_file{file}, m_limit{faults() != nullptr ? faults()->failWriteAt(path) : -1}, m_gathered{allocate(kSize)}
+        : m_file{file}, m_limit{faults() != nullptr ? faults()->failWriteAt(path) : -1}
     {
+        m_gathered.reserve(kPart);
     }
 
     /// 0 or the error number.
     int add(std::string_view piece)
     {
-        while (!piece.empty())
-        {
-            const size_t step = std::min(piece.size(), kSize - m_size);
-            std::memcpy(m_gathered.get() + m_size, piece.data(), step);
-            m_size += step;
-            piece.remove_prefix(step);
-            if (m_size == kSize)
-                if (const int error = flush(); error != 0)
-                    return error;
-        }
+        if (m_gathered.size() + piece.size() > kPart)
+            if (const int error = flush(); error != 0)
+                return error;
+        for (; piece.size() > kPart; piece.remove_prefix(kPart))
+            if (const int error = put(piece.substr(0, kPart)); error != 0)
+                return error;
+        m_gathered.append(piece);
         return 0;
     }
 
     /// Writes what was gathered; 0 or the error number.
     int flush()
     {
-        for (size_t done = 0; done < m_size;)
+        const int error = put(m_gathered);
+        m_gathered.clear();
+        return error;
+    }
+
+private:
+    static constexpr size_t kPart = size_t{1} << 20;
+
+    int put(std::string_view part)
+    {
+        for (std::string_view left = part; !left.empty();)
         {
-            const ssize_t got = write(m_file, m_gathered.get() + done, m_size - done);
+            const ssize_t got = write(m_file, left.data(), left.size());
             if (got < 0 && errno == EINTR)
                 continue;
             if (got < 0)
                 return errno;
-            done += static_cast<size_t>(got);
+            left.remove_prefix(static_cast<size_t>(got));
         }
-        // The disk begins while the rest is gathered; what it makes of this is known when the file is flushed.
-        sync_file_range(m_file, m_written, static_cast<off64_t>(m_size), SYNC_FILE_RANGE_WRITE);
-        m_written += static_cast<int64_t>(m_size);
-        m_size = 0;
+        // Only asks the disk to begin: what it makes of this is known when the file is flushed.
+        sync_file_range(m_file, m_written, static_cast<off64_t>(part.size()), SYNC_FILE_RANGE_WRITE);
+        m_written += static_cast<int64_t>(part.size());
         return m_limit >= 0 && m_written > m_limit ? ENOSPC : 0;
     }
 
-private:
-    static constexpr size_t kSize = size_t{1} << 20;
-
     int m_file;
-    int64_t m_limit; ///< the write that goes beyond it fails, for tests; -1 for none
-    std::shared_ptr<char> m_gathered;
-    size_t m_size = 0;
+    int64_t m_limit; ///< a write that goes beyond it fails, for tests; -1 for none
+    std::string m_gathered;
     int64_t m_written = 0;
 };
 
