@@ -10,6 +10,8 @@
 
 /// Boundary of a hatch: each of its loops, or each edge of a loop that is made of edges.
 std::vector<CurvePath> readHatchBoundary(std::string_view pairs);
+/// Whether the boundary of a hatch is all there: as many loops and edges as it says, of kinds that there are.
+bool isWholeHatch(std::string_view pairs);
 
 /// A spline as chords along it.
 std::vector<CurvePath> readSpline(std::string_view pairs);

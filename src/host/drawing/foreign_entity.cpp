@@ -47,6 +47,17 @@ bool hasMarkers(const std::vector<CarriedPair>& pairs)
     return std::any_of(pairs.begin(), pairs.end(), [](const CarriedPair& pair) { return pair.code == 100; });
 }
 
+/// A direction without a length is none: what has it stands upright.
+void repairNormal(std::vector<CarriedPair>& pairs)
+{
+    const auto isZero = [](const CarriedPair& pair) { return Tag{pair.code, pair.value}.real() == 0.0; };
+    for (size_t i = 0; i + 2 < pairs.size(); ++i)
+        if (pairs[i].code == 210 && pairs[i + 2].code == 230 &&
+            std::all_of(pairs.begin() + static_cast<ptrdiff_t>(i), pairs.begin() + static_cast<ptrdiff_t>(i) + 3,
+                        isZero))
+            pairs[i + 2].value = "1.0";
+}
+
 /// Applications of the kind whose data names objects of the source.
 std::string_view leftApplication(std::string_view kind)
 {
@@ -131,6 +142,7 @@ void ForeignEntity::carryOwn(std::string_view text)
     }
     if (pending > 0 && m_kind == "HATCH")
         m_pairs.back().value.assign(1, '0');
+    repairNormal(m_pairs);
 }
 
 std::string ForeignEntity::write(std::string_view kind, std::string_view pairs, uint64_t handle, uint64_t owner,

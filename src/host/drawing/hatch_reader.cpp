@@ -16,6 +16,8 @@ class HatchReader
 public:
     explicit HatchReader(std::string_view text) : m_pairs{text} {}
     std::vector<CurvePath> read();
+    /// Whether all loops were there, each with all its edges.
+    bool isWhole() const { return m_loops == 0; }
 
 private:
     bool step() { return m_more = m_pairs.next(m_tag); }
@@ -32,7 +34,7 @@ private:
     void readHead();
     void readLoop();
     void readPolylineLoop();
-    void readEdge();
+    bool readEdge();
     void readArc();
     void readEllipse();
     void readSplineEdge();
@@ -40,6 +42,7 @@ private:
     OwnPairs m_pairs;
     Tag m_tag;
     bool m_more = true;
+    int m_loops = 0; ///< still to come; less than 0 once one was damaged
     double m_elevation = 0.0;
     AcGeVector3d m_normal = AcGeVector3d::kZAxis;
     std::vector<CurvePath> m_curves;
@@ -76,14 +79,13 @@ void HatchReader::readHead()
         }
         else if (m_tag.code == 210)
             m_normal = m_pairs.pointFrom(m_tag).asVector();
-    if (m_more)
-        step();
+    m_loops = integer(91);
 }
 
 std::vector<CurvePath> HatchReader::read()
 {
     readHead();
-    while (m_more && m_tag.code == 92)
+    for (; m_loops > 0 && m_more && m_tag.code == 92; --m_loops)
         readLoop();
     return std::move(m_curves);
 }
@@ -95,9 +97,12 @@ void HatchReader::readLoop()
         readPolylineLoop();
     else
     {
-        const int edges = integer(93);
-        for (int i = 0; i < edges && m_more && m_tag.code == 72; ++i)
-            readEdge();
+        int edges = integer(93);
+        for (; edges > 0 && m_more && m_tag.code == 72; --edges)
+            if (!readEdge())
+                m_loops = 0;
+        if (edges != 0)
+            m_loops = 0;
     }
     const int sources = integer(97);
     for (int i = 0; i < sources && m_more && m_tag.code == 330; ++i)
@@ -118,11 +123,13 @@ void HatchReader::readPolylineLoop()
     m_curves.push_back(CurvePath::plane(std::move(vertices), closed, m_elevation, m_normal));
 }
 
-void HatchReader::readEdge()
+/// False for an edge of no known kind.
+bool HatchReader::readEdge()
 {
     constexpr int kLine = 1;
     constexpr int kArc = 2;
     constexpr int kEllipse = 3;
+    constexpr int kSpline = 4;
     switch (integer(72))
     {
     case kLine:
@@ -130,17 +137,19 @@ void HatchReader::readEdge()
         const AcGePoint3d from = point(10);
         const AcGePoint3d to = point(11);
         m_curves.push_back(CurvePath::plane({{from.x, from.y}, {to.x, to.y}}, false, m_elevation, m_normal));
-        break;
+        return true;
     }
     case kArc:
         readArc();
-        break;
+        return true;
     case kEllipse:
         readEllipse();
-        break;
-    default:
+        return true;
+    case kSpline:
         readSplineEdge();
-        break;
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -199,4 +208,11 @@ void HatchReader::readSplineEdge()
 std::vector<CurvePath> readHatchBoundary(std::string_view pairs)
 {
     return HatchReader{pairs}.read();
+}
+
+bool isWholeHatch(std::string_view pairs)
+{
+    HatchReader reader{pairs};
+    reader.read();
+    return reader.isWhole();
 }

@@ -155,6 +155,23 @@ TEST_F(Insert, WhatAnOlderDrawingCannotHoldStaysBehind)
     EXPECT_THAT(file, HasSubstr(" 97\n0\n"));
 }
 
+TEST_F(Insert, WhatIsDamagedInASymbolDoesNotReachTheDrawing)
+{
+    const std::string head =
+        "100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n  2\nSOLID\n 70\n1\n 71\n0\n 91\n1\n 92\n1\n";
+    const std::string line = " 72\n1\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n0.0\n";
+    const std::string end = " 97\n0\n 75\n1\n 76\n1\n 98\n0\n";
+    TestDrawing symbol{1015};
+    symbol.entity("HATCH", head + " 93\n2\n" + line + line + end);
+    symbol.entity("HATCH", head + " 93\n2\n" + line + " 72\n0\n" + end);
+    symbol.entity("HATCH", head + " 93\n2\n" + line + end);
+    symbol.entity("CIRCLE", "100\nAcDbCircle\n 10\n1.0\n 20\n2.0\n 30\n0.0\n 40\n3.0\n210\n0.0\n220\n0.0\n230\n0.0\n");
+    ASSERT_EQ(insert(symbol.dxf()), Acad::eOk);
+
+    EXPECT_THAT(kindsIn(u"Symbol"), testing::ElementsAre("HATCH", "CIRCLE"));
+    EXPECT_THAT(saved(), HasSubstr("210\n0.0\n220\n0.0\n230\n1.0\n"));
+}
+
 TEST_F(Insert, ReferencesKeepTheirAttributes)
 {
     TestDrawing symbol{1015};
