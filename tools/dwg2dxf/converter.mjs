@@ -13,13 +13,22 @@ import { withoutBodyOf } from './wasm.mjs';
 const folder = new URL('node_modules/@mlightcad/libredwg-web/wasm/', import.meta.url);
 const { default: instantiate } = await import(new URL('libredwg-web.js', folder));
 
-const CRITICAL_ERROR = 128; // from here on the library's error codes mean that no whole drawing was read
+// The bits of the library's error codes that mean that no whole drawing was read.
+const CRITICAL_ERRORS = new Map([
+  [1 << 7, 'its classes are missing'],
+  [1 << 8, 'a section is missing'],
+  [1 << 9, 'a page is missing'],
+  [1 << 10, 'it contradicts itself'],
+  [1 << 11, 'its objects cannot be read'],
+  [1 << 12, 'it cannot be read to its end'],
+  [1 << 13, 'it asks for too much memory'],
+]);
 const STACK_SIZE = 16 << 20; // the 64 KiB it comes with overflow
 
 function convert(library, dwg) {
   library.FS.writeFile('in.dwg', dwg);
   const error = library.dwg_write_dxf('in.dwg', 'out.dxf');
-  if (error >= CRITICAL_ERROR) throw new Error(`error ${error}`);
+  for (const [bit, reason] of CRITICAL_ERRORS) if (error & bit) throw new Error(reason);
 
   const dxf = Buffer.from(library.FS.readFile('out.dxf').buffer);
   if (!/\n *0\r?\nEOF\s*$/.test(dxf.subarray(-32).toString('latin1'))) throw new Error('only a part of it could be written');
