@@ -9,6 +9,7 @@
 #include "sections/database_cs.h"
 #include "util/folders.h"
 
+#include <algorithm>
 #include <set>
 
 namespace console
@@ -55,8 +56,14 @@ void noteLabelLayer(Notes& notes, AcDbDatabase& database)
 void noteLostTexts(Notes& notes, const FeatureCounts& features, FeatureKind kind, const std::string& what)
 {
     for (const std::u16string& text : features.texts[kind])
-        if (const auto lost = lostCharacters(text); !lost.empty())
-            notes.push_back(what + " \"" + toUtf8(text) + "\" has characters without an 8-bit form: " + namesOf(lost));
+    {
+        const std::vector<LostCharacter> lost = lostCharacters(text);
+        const std::string note =
+            what + " \"" + toUtf8(text) + "\" has characters without an 8-bit form: " + namesOf(lost);
+        // A name may be a code as well.
+        if (!lost.empty() && std::find(notes.begin(), notes.end(), note) == notes.end())
+            notes.push_back(note);
+    }
 }
 
 void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, bool nearby)
