@@ -157,8 +157,8 @@ void GeneralSettingDlg::ApplyDistances()
 {
     const double forward = ToReal(m_editForward.GetWindowText());
     const double backward = ToReal(m_editBackward.GetWindowText());
-    if (std::abs(forward - g_DatabaseCS.m_dForwardDistance) <= kSameDistance &&
-        std::abs(backward - g_DatabaseCS.m_dBackwardDistance) <= kSameDistance)
+    const auto differ = [](double a, double b) { return std::abs(a - b) > kSameDistance; }; // infinity is like itself
+    if (!differ(forward, g_DatabaseCS.m_dForwardDistance) && !differ(backward, g_DatabaseCS.m_dBackwardDistance))
         return;
     g_DatabaseCS.m_dForwardDistance = forward;
     g_DatabaseCS.m_dBackwardDistance = backward;

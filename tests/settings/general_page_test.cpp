@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace
 {
 
@@ -93,6 +95,20 @@ TEST_F(GeneralPage, TakesNumbersAndColorsWhenApplied)
     EXPECT_EQ(g_DatabaseCS.m_nColorSymbolText, 130);
     EXPECT_EQ(g_DatabaseCS.m_nColorFcodeText, 7);
     EXPECT_EQ(g_DatabaseCS.m_nColorSymbol, 7);
+}
+
+TEST_F(GeneralPage, ADistanceBeyondAllNumbersIsChangedOnce)
+{
+    run(
+        [](CDialog& dialog)
+        {
+            type(dialog, kForward, u"1e999");
+            EXPECT_TRUE(dialog.userTab(0));
+            EXPECT_TRUE(std::exchange(g_DatabaseCS.m_bDistanceChanged, false));
+            EXPECT_TRUE(dialog.userTab(3));
+            EXPECT_TRUE(dialog.userTab(0));
+            EXPECT_FALSE(g_DatabaseCS.m_bDistanceChanged);
+        });
 }
 
 TEST_F(GeneralPage, FillsTheDialogWhenItIsEnlargedAndNeverOverlaps)
