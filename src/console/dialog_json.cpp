@@ -22,12 +22,13 @@ Json rectJson(const CRect& rect)
     return Json::array({rect.left, rect.top, rect.width(), rect.height()});
 }
 
-Json cellJson(const CGridCell& cell)
+Json cellJson(const CGridCtrl& grid, int row, int column)
 {
+    const CGridCell& cell = grid.cell(row, column);
     const CellColor color = cell.GetBackColor();
     Json json{{"text", toUtf8(cell.GetText())},
               {"kind", cell.kindName()},
-              {"readonly", cell.IsReadOnly()},
+              {"readonly", cell.IsReadOnly() || grid.isFixed(row, column) || !grid.IsColumnEditable(column)},
               {"background", Json::array({color.red, color.green, color.blue})}};
     if (const auto* check = dynamic_cast<const CGridCellCheck*>(&cell))
         json["checked"] = check->GetCheck();
@@ -46,7 +47,7 @@ void addGrid(Json& json, const CGridCtrl& grid)
     {
         Json cells = Json::array();
         for (int column = 0; column < grid.GetColumnCount(); ++column)
-            cells.push_back(cellJson(grid.cell(row, column)));
+            cells.push_back(cellJson(grid, row, column));
         json["cells"].push_back(std::move(cells));
     }
 }
