@@ -56,10 +56,7 @@ void ScriptFrontEnd::messageBox(const std::u16string& text)
 
 std::optional<std::u16string> ScriptFrontEnd::askFile(const FileQuestion& question)
 {
-    if (m_answers.empty() || m_answers.front().color)
-        return std::nullopt;
-    std::optional<std::u16string> path = std::move(m_answers.front().path);
-    m_answers.pop_front();
+    std::optional<std::u16string> path = takeAnswer([](const Answer& answer) { return !answer.color; }).path;
     if (path && !question.defaultExtension.empty() && !hasExtension(*path))
         *path += u"." + question.defaultExtension;
     return path;
@@ -67,11 +64,19 @@ std::optional<std::u16string> ScriptFrontEnd::askFile(const FileQuestion& questi
 
 std::optional<int> ScriptFrontEnd::askColor(int)
 {
-    if (m_answers.empty() || m_answers.front().path)
-        return std::nullopt;
-    const std::optional<int> color = m_answers.front().color;
-    m_answers.pop_front();
-    return color;
+    return takeAnswer([](const Answer& answer) { return !answer.path; }).color;
+}
+
+/// The first answer in the queue that fits the question; a cancellation when none does.
+template <class Fits>
+ScriptFrontEnd::Answer ScriptFrontEnd::takeAnswer(Fits fits)
+{
+    const auto found = std::find_if(m_answers.begin(), m_answers.end(), fits);
+    if (found == m_answers.end())
+        return {};
+    Answer answer = std::move(*found);
+    m_answers.erase(found);
+    return answer;
 }
 
 } // namespace console

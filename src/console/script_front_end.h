@@ -47,6 +47,9 @@ public:
     std::optional<int> askColor(int current) override;
 
 private:
+    template <class Fits>
+    Answer takeAnswer(Fits fits);
+
     CWnd m_mainWindow;
     std::vector<CDialog*> m_modeless;
     std::vector<CDialog*> m_modal;

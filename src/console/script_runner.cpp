@@ -24,6 +24,15 @@ int number(const std::string& word)
     return value;
 }
 
+int paletteColor(const std::string& word)
+{
+    constexpr int kLast = 256;
+    const int color = number(word);
+    if (color < 0 || color > kLast)
+        throw Failure{word + " is no colour: they are 0 to " + std::to_string(kLast)};
+    return color;
+}
+
 bool onOff(const std::string& word)
 {
     if (word != "on" && word != "off")
@@ -216,7 +225,7 @@ void ScriptRunner::answer(const Words& words)
     if (words.size() == 2 && words[0] != "color")
         throw Failure{"an answer is a path, \"color\" and a number, or cancel"};
     if (words.size() == 2)
-        m_program.frontEnd().queue({std::nullopt, number(words[1])});
+        m_program.frontEnd().queue({std::nullopt, paletteColor(words[1])});
     else if (words[0] == "cancel")
         m_program.frontEnd().queue({});
     else

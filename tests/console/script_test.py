@@ -89,6 +89,7 @@ key escape
                            (f'open "{SAMPLE}"\ncommand DSS\nclick 1096\n', "left open"),
                            (f'open "{SAMPLE}"\ncommand DSS\nclick 1096\ncommand DSS\n', "line 4: \"command\" has to wait"),
                            (f'open "{SAMPLE}"\ncommand NONE\n', "line 2: there is no command NONE"),
+                           ("answer color 257\n", "line 1: 257 is no colour"),
                            ("use 1\n", "line 1: there is no drawing 1")):
             _, err = self.play(text, status=1)
             self.assertIn(says, err)
