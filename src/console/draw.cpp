@@ -7,6 +7,7 @@
 #include "sections/database_cs.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace console
 {
@@ -70,6 +71,12 @@ std::map<std::string, size_t> withoutSymbol(const FeatureCounts& drawn)
     return without;
 }
 
+bool hasSettings(const CommonOptions& options)
+{
+    std::error_code error;
+    return std::filesystem::exists(settingsFolderOf(options) + "/iniSymbol.cfg", error);
+}
+
 /// What the module passes over in silence and the user would want to know.
 void addNotes(Notes& notes, const FeatureCounts& drawn, AcDbDatabase& database)
 {
@@ -94,8 +101,7 @@ Report drawDrawing(const DrawOptions& options)
     }
     Program program{common};
     AcDbDatabase& database = *program.open(options.common.drawing)->database();
-    const KeptFile settings{u"iniSymbol.cfg"};
-    const bool confirm = library || !settings.existed();
+    const bool confirm = library || !hasSettings(common);
     DssSession dss{program};
     dss.choose(options.alignment);
     const std::vector<size_t> positions = parseSectionList(options.sections, dss.line().m_listCrossSections.size());
@@ -132,8 +138,7 @@ Report drawDrawing(const DrawOptions& options)
     dss.close();
     noteConversion(report.notes, options.common.drawing);
     addNotes(report.notes, drawn, database);
-    if (!dss.line().m_listCrossSections.empty()) // without sections the dialog keeps nothing
-        settings.noteUnkept(report.notes);
+    noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);
     program.session().saveCurrent(toUtf16(options.output));
     return report;

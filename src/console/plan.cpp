@@ -128,7 +128,6 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     Program program{common};
     AcDbDatabase& database = *program.open(common.drawing)->database();
     const CountByCode before = planSymbols(database);
-    const KeptFile lastState{u"FcodeBD.cfg"};
     FeatureCounts codes;
     openPlanTable(program, table,
                   [&](FeatureCounts found)
@@ -150,8 +149,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     noteForeign(report.notes, before, codes);
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
-    if (!codes.kinds[kTableCodes].empty())
-        lastState.noteUnkept(report.notes);
+    noteUnkept(report.notes, program.session());
     noteConversion(report.notes, options.common.drawing);
     if (!report.unreadable.empty())
         report.notes.push_back(

@@ -2,31 +2,17 @@
 
 #include "console/lost_text.h"
 #include "files/reader.h"
-#include "host/app/paths.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "sectiondraw/draw_style.h"
 #include "sections/database_cs.h"
-#include "util/folders.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 namespace console
 {
-
-namespace
-{
-
-/// When a file was written last; nothing for a missing one.
-std::optional<std::filesystem::file_time_type> timeOf(const std::string& path)
-{
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(path, error);
-    return error ? std::nullopt : std::optional{time};
-}
-
-} // namespace
 
 std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session)
 {
@@ -78,21 +64,27 @@ void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, 
                         keys);
 }
 
-KeptFile::KeptFile(const std::u16string& name)
-    : m_path{nativePath(UserDataFolder() + u"\\" + name)}, m_before{timeOf(m_path)}
+std::string unkeptNote(const std::string& path)
 {
+    return "the settings could not be kept: " + path + " cannot be written";
 }
 
-void KeptFile::noteUnkept(Notes& notes) const
+void noteUnkept(Notes& notes, host::Session& session)
 {
-    if (const auto now = timeOf(m_path); !now || now == m_before)
-        notes.push_back("the settings could not be kept: " + m_path + " cannot be written");
+    for (const std::string& path :
+         std::set<std::string>{session.unwrittenFiles().begin(), session.unwrittenFiles().end()})
+        notes.push_back(unkeptNote(path));
+}
+
+std::string unreadableNote(const std::string& reason)
+{
+    return "symbol file that cannot be read: " + reason;
 }
 
 void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict)
 {
     if (strict && !unreadable.empty())
-        throw Failure{"symbol file that cannot be read: " + unreadable.front().reason};
+        throw Failure{unreadableNote(unreadable.front().reason)};
 }
 
 void addFoldersOf(const std::string& file, std::vector<std::string>& folders)

@@ -5,8 +5,6 @@
 #include "console/report.h"
 #include "console/row_file.h"
 
-#include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,21 +32,14 @@ void noteLostTexts(Notes& notes, const FeatureCounts& features, FeatureKind kind
 /// whether the features hold the objects near the sections.
 void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, bool nearby);
 
-/// A file of the settings folder that a run should write: notices whether it does.
-class KeptFile
-{
-public:
-    /// Looks at the file before the run; a session is running.
-    explicit KeptFile(const std::u16string& name);
+/// What is said of a settings file, library or table that could not be written.
+std::string unkeptNote(const std::string& path);
 
-    bool existed() const { return m_before.has_value(); }
-    /// The run is over and the file was not written.
-    void noteUnkept(Notes& notes) const;
+/// The settings files that could not be written in the session, each once.
+void noteUnkept(Notes& notes, host::Session& session);
 
-private:
-    std::string m_path;
-    std::optional<std::filesystem::file_time_type> m_before; ///< when it was written last
-};
+/// What is said of a symbol file that could not be read.
+std::string unreadableNote(const std::string& reason);
 
 /// Failure that names an unreadable symbol file, when the user asked for that.
 void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict);

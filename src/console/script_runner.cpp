@@ -2,12 +2,14 @@
 
 #include "console/dialog_json.h"
 #include "console/drawing_json.h"
+#include "console/report_parts.h"
 #include "console/rows_json.h"
 #include "host/ui/dialog.h"
 #include "sections/database_cs.h"
 
 #include <algorithm>
 #include <charconv>
+#include <iostream>
 
 namespace console
 {
@@ -103,6 +105,7 @@ void ScriptRunner::play(const ScriptLine& line)
             throw Failure{"\"" + line.words.front() + "\" has to wait until the dialog is closed"};
         (this->*action->play)(words);
         m_program.session().runPending();
+        tellSilentFailures(line.number);
     }
     catch (const std::exception& error)
     {
@@ -111,6 +114,19 @@ void ScriptRunner::play(const ScriptLine& line)
         // What went wrong in a dialog's own lines has its line already.
         throw Failure{reason.starts_with("line ") ? reason : place + reason};
     }
+}
+
+/// Tells what failed since the last action without a word from the module.
+void ScriptRunner::tellSilentFailures(size_t line)
+{
+    std::vector<std::string> failures;
+    for (const std::string& path : m_program.session().unwrittenFiles())
+        failures.push_back(unkeptNote(path));
+    for (const UnreadableSymbol& symbol : unreadableSymbols(m_program.session()))
+        failures.push_back(unreadableNote(symbol.reason));
+    for (const std::string& failure : failures)
+        if (m_told.insert(failure).second)
+            std::cerr << "line " << line << ": " << failure << '\n';
 }
 
 CDialog& ScriptRunner::dialog() const

@@ -4,6 +4,7 @@
 #include "console/script.h"
 
 #include <ostream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,7 @@ private:
 
     void playUntil(const CDialog* modal);
     void play(const ScriptLine& line);
+    void tellSilentFailures(size_t line);
     CDialog& dialog() const;
     AcApDocument& document() const;
 
@@ -61,7 +63,8 @@ private:
     std::vector<ScriptLine> m_lines;
     size_t m_next = 0;
     std::ostream& m_out;
-    std::string m_drawing; ///< path of the current drawing as the script gave it
+    std::set<std::string> m_told; ///< on standard error, each once
+    std::string m_drawing;        ///< path of the current drawing as the script gave it
 };
 
 } // namespace console

@@ -92,6 +92,24 @@ std::string resolveLinks(const std::string& path)
     return error ? path : resolved.string();
 }
 
+bool replaceNative(const std::string& target, std::string_view bytes)
+{
+    struct stat earlier
+    {
+    };
+    const bool exists = ::stat(target.c_str(), &earlier) == 0;
+    if (exists && !S_ISREG(earlier.st_mode))
+        return writeTo(target, bytes);
+    if (exists && ::access(target.c_str(), W_OK) != 0)
+        return false;
+
+    const std::string fresh = target + "." + std::to_string(::getpid()) + ".new";
+    if (writeNew(fresh, target, bytes, exists ? &earlier : nullptr) && ::rename(fresh.c_str(), target.c_str()) == 0)
+        return true;
+    ::unlink(fresh.c_str());
+    return false;
+}
+
 } // namespace
 
 std::optional<std::string> ReadWholeFile(std::u16string_view path)
@@ -125,19 +143,10 @@ bool WriteInPlace(std::u16string_view path, std::string_view bytes)
 
 bool ReplaceFile(std::u16string_view path, std::string_view bytes)
 {
-    const std::string target = resolveLinks(nativePath(path));
-    struct stat earlier
-    {
-    };
-    const bool exists = ::stat(target.c_str(), &earlier) == 0;
-    if (exists && !S_ISREG(earlier.st_mode))
-        return writeTo(target, bytes);
-    if (exists && ::access(target.c_str(), W_OK) != 0)
-        return false;
-
-    const std::string fresh = target + "." + std::to_string(::getpid()) + ".new";
-    if (writeNew(fresh, target, bytes, exists ? &earlier : nullptr) && ::rename(fresh.c_str(), target.c_str()) == 0)
+    const std::string native = nativePath(path);
+    if (replaceNative(resolveLinks(native), bytes))
         return true;
-    ::unlink(fresh.c_str());
+    if (host::Session::hasCurrent())
+        host::Session::current().unwrittenFiles().push_back(native);
     return false;
 }

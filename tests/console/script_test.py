@@ -64,6 +64,40 @@ save "{redrawn}"
         self.assert_sound(redrawn)
         self.assertIn("DeltaY=3.5", (self.settings / "iniSymbol.cfg").read_text())
 
+    def test_what_the_module_is_silent_about_is_told(self):
+        for name in ("iniSymbol.cfg", "FcodeBD.cfg"):
+            (self.settings / name).mkdir(parents=True)
+        own = self.folder / "no" / "such" / "own.dv"
+        _, err = self.play(f'''
+open "{SAMPLE}"
+command DSS
+click 1096
+answer color 3
+answer missing.dxf
+press 1 1
+cell 1 1 typed
+''', status=1)
+        self.assertIn("line 8: cell 1 1 is read-only", err)
+        _, err = self.play(f'''
+open "{SAMPLE}"
+command DSS
+click 1096
+answer color 3
+answer missing.dxf
+press 1 1
+answer "{own}"
+click 1082
+click 1
+click 1094
+command DVBD
+click 1
+''')
+        kept = "the settings could not be kept: {} cannot be written"
+        self.assertEqual(err.splitlines()[:2], ["line 9: " + kept.format(own),
+                                                "line 10: " + kept.format(self.settings / "iniSymbol.cfg")])
+        self.assertIn("line 11: symbol file that cannot be read: missing.dxf: no such file", err)
+        self.assertEqual(err.splitlines()[-1], "line 13: " + kept.format(self.settings / "FcodeBD.cfg"))
+
     def test_the_plan_table_is_kept(self):
         first, second = self.play_json(f"""
 open "{SAMPLE}"

@@ -73,6 +73,10 @@ public:
 
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
 
+    /// Real paths of the files that could not be written, in order, for the programs to tell: whoever wrote them is
+    /// silent.
+    std::vector<std::string>& unwrittenFiles() { return m_unwritten; }
+
     /// Finds symbol files, named as the module names them, in the session's symbol folders too.
     const SymbolSearch& symbolSearch() const { return m_symbolSearch; }
 
@@ -94,6 +98,7 @@ private:
     std::string m_moduleFile;
     bool m_commandActive = false;
     std::vector<UnreadableFile> m_unreadable;
+    std::vector<std::string> m_unwritten;
 };
 
 /// Whether a database may be changed now: it belongs to no document, its document is locked, or no session runs.
