@@ -110,15 +110,6 @@ void intersectAll(const std::vector<CurvePath>& a, const std::vector<CurvePath>&
     }
 }
 
-/// Where one path meets another; by its index when it has one.
-void intersectShapes(const IndexedPath* indexed, const CurvePath& own, const CurvePath& other, AcGePoint3dArray& points)
-{
-    if (indexed != nullptr)
-        indexed->intersect(other, points);
-    else
-        intersect(own, other, points);
-}
-
 } // namespace
 
 bool AcDbEntity::mayChange()
@@ -217,22 +208,28 @@ Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* other, AcDb::Inter
         return Acad::eNullObjectPointer;
     if (type != AcDb::kOnBothOperands)
         return Acad::eNotImplementedYet;
-    const CurvePath* own = shape();
-    const CurvePath* others = other->shape();
-    if (own == nullptr || others == nullptr)
-    {
-        intersectAll(curves(), other->curves(), points);
-        return Acad::eOk;
-    }
-    if (points.empty())
-        intersectShapes(path(), *own, *others, points);
+    const IndexedPath* indexed = path();
+    const CurvePath* shapeOfOther = other->shape();
+    if (indexed != nullptr && shapeOfOther != nullptr && points.empty())
+        indexed->intersect(*shapeOfOther, points);
     else
-    {
-        AcGePoint3dArray met;
-        intersectShapes(path(), *own, *others, met);
-        points.insert(points.end(), met.begin(), met.end());
-    }
+        addIntersections(*other, points);
     return Acad::eOk;
+}
+
+/// The way for all but the commonest case.
+void AcDbEntity::addIntersections(const AcDbEntity& other, AcGePoint3dArray& points) const
+{
+    const CurvePath* own = shape();
+    const CurvePath* others = other.shape();
+    if (own == nullptr || others == nullptr)
+        return intersectAll(curves(), other.curves(), points);
+    AcGePoint3dArray met;
+    if (const IndexedPath* indexed = path())
+        indexed->intersect(*others, met);
+    else
+        intersect(*own, *others, met);
+    points.insert(points.end(), met.begin(), met.end());
 }
 
 std::vector<CurvePath> AcDbEntity::curves() const

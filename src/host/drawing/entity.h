@@ -49,6 +49,7 @@ protected:
 private:
     friend class AcDbBlockTableRecord;
     Acad::ErrorStatus mayChangeAppended();
+    void addIntersections(const AcDbEntity& other, AcGePoint3dArray& points) const;
 
     std::u16string m_layer; ///< of a fresh entity; empty until set or appended
     int m_color = 256;

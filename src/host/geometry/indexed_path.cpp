@@ -34,9 +34,8 @@ bool neverTurnsBack(const CurvePath& path, double sign)
 /// farther out is what the plain way finds too far apart.
 struct IndexedPath::Reach
 {
-    explicit Reach(const Box2d& other)
-        : gap(placeTolerance(other.magnitude())), box{other.minX - gap, other.minY - gap, other.maxX + gap,
-                                                      other.maxY + gap}
+    Reach(const Box2d& other, double magnitude)
+        : gap(placeTolerance(magnitude)), box{other.minX - gap, other.minY - gap, other.maxX + gap, other.maxY + gap}
     {
     }
 
@@ -71,8 +70,10 @@ void IndexedPath::fillTable() const
 {
     const std::size_t count = m_path.segmentCount();
     m_sign = m_order == Order::RisingX ? 1.0 : -1.0;
-    const double width = m_sign * (m_path.vertices().back().x - m_path.vertices().front().x);
+    m_origin = m_sign * m_path.vertices().front().x;
+    const double width = m_sign * m_path.vertices().back().x - m_origin;
     const std::size_t cells = kCellsPerSegment * count;
+    m_lastCell = static_cast<double>(cells - 1);
     const double cellsPerUnit = static_cast<double>(cells) / width;
     m_table.assign(cells + 1, static_cast<std::uint32_t>(count));
     m_cellsPerUnit = std::isfinite(cellsPerUnit) ? cellsPerUnit : 0.0;
@@ -85,14 +86,12 @@ void IndexedPath::fillTable() const
 /// The cell of an x counted along the path. Never falls when x rises, which is all that the table relies on.
 std::size_t IndexedPath::cellOf(double signedX) const
 {
-    const double cell = (signedX - m_sign * m_path.vertices().front().x) * m_cellsPerUnit;
-    return static_cast<std::size_t>(std::clamp(cell, 0.0, static_cast<double>(m_table.size() - 2)));
+    return static_cast<std::size_t>(std::clamp((signedX - m_origin) * m_cellsPerUnit, 0.0, m_lastCell));
 }
 
-/// The first segment of an ordered path whose far end reaches `x` (of a falling one: comes down to it).
-inline std::size_t IndexedPath::firstReaching(double x) const
+/// The first segment of an ordered path whose far end reaches an x with the path's sign.
+inline std::size_t IndexedPath::firstReaching(double sought) const
 {
-    const double sought = m_sign * x;
     const std::size_t cell = cellOf(sought);
     const auto first = m_path.vertices().begin() + 1;
     const auto fallsShort = [&](const PathVertex& vertex) { return m_sign * vertex.x < sought; };
@@ -128,11 +127,12 @@ template <typename Other>
 void IndexedPath::searchOrdered(const Other& other, const Reach& reach, CrossingList& list) const
 {
     const bool rising = m_order == Order::RisingX;
-    const std::size_t count = m_path.segmentCount();
+    const PathVertex* const vertices = m_path.vertices().data();
+    const std::size_t count = m_path.vertices().size() - 1;
     const double last = rising ? reach.box.maxX : -reach.box.minX;
-    for (std::size_t i = firstReaching(rising ? reach.box.minX : reach.box.maxX); i < count; ++i)
+    for (std::size_t i = firstReaching(rising ? reach.box.minX : -reach.box.maxX); i < count; ++i)
     {
-        if (m_sign * m_path.segmentStart(i).x > last)
+        if (m_sign * vertices[i].x > last)
             return;
         addSegment(i, other, reach.gap, list);
     }
@@ -152,14 +152,14 @@ void IndexedPath::searchBoxes(const Other& other, const Reach& reach, CrossingLi
 }
 
 template <typename Other>
-void IndexedPath::search(const Other& other, const Box2d& otherBox, AcGePoint3dArray& points) const
+void IndexedPath::search(const Other& other, const Box2d& otherBox, double magnitude, AcGePoint3dArray& points) const
 {
     CrossingList list{points};
     if (otherBox.isEmpty())
         return;
     if (m_order == Order::Unknown)
         prepare();
-    const Reach reach{otherBox};
+    const Reach reach{otherBox, magnitude};
     if (m_order != Order::Boxes)
         return searchOrdered(other, reach, list); // an ordered path never ends where it began
     searchBoxes(other, reach, list);
@@ -173,9 +173,12 @@ void IndexedPath::intersect(const CurvePath& other, AcGePoint3dArray& points) co
     if (!isSameHeight(m_path.elevation(), other.elevation(), 0.0))
         return points.clear();
     if (other.segmentCount() != 1)
-        return search(other, boxOfSegments(other), points);
+    {
+        const Box2d box = boxOfSegments(other);
+        return search(other, box, box.magnitude(), points);
+    }
     const BoxedSegment only{other.segmentStart(0), other.segmentEnd(0)};
-    search(only, only.box, points);
+    search(only, only.box, only.magnitude, points);
 }
 
 void IndexedPath::intersectLine(const AcGePoint2d& from, const AcGePoint2d& to, AcGePoint3dArray& points) const
@@ -183,5 +186,5 @@ void IndexedPath::intersectLine(const AcGePoint2d& from, const AcGePoint2d& to, 
     if (!m_path.isLevel() || !std::isfinite(m_path.elevation()))
         return points.clear();
     const BoxedSegment only{from, to};
-    search(only, only.box, points);
+    search(only, only.box, only.magnitude, points);
 }

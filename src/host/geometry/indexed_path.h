@@ -38,7 +38,7 @@ private:
     struct Reach;
 
     template <typename Other>
-    void search(const Other& other, const Box2d& otherBox, AcGePoint3dArray& points) const;
+    void search(const Other& other, const Box2d& otherBox, double magnitude, AcGePoint3dArray& points) const;
     template <typename Other>
     void searchOrdered(const Other& other, const Reach& reach, CrossingList& list) const;
     void addSegment(std::size_t segment, const BoxedSegment& other, double gap, CrossingList& list) const;
@@ -50,13 +50,15 @@ private:
     void fillTable() const;
     void fillBoxes() const;
     std::size_t cellOf(double signedX) const;
-    std::size_t firstReaching(double x) const;
+    std::size_t firstReaching(double sought) const;
 
     CurvePath m_path;
     mutable Order m_order = Order::Unknown;
     mutable std::vector<Box2d> m_boxes;
     /// For each cell of x, in the path's direction, the first segment whose far end is in it or beyond; and the end.
     mutable std::vector<std::uint32_t> m_table;
-    mutable double m_sign = 1.0;
+    mutable double m_sign = 1.0;   ///< of x, so that it rises along the path
+    mutable double m_origin = 0.0; ///< the first x, with the sign
+    mutable double m_lastCell = 0.0;
     mutable double m_cellsPerUnit = 0.0;
 };
