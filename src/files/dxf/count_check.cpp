@@ -3,6 +3,7 @@
 #include "host/drawing/tags.h"
 
 #include <array>
+#include <optional>
 
 namespace files
 {
@@ -35,14 +36,14 @@ std::string mismatch(const CountedList& list, int64_t said, int64_t found)
 std::string checkVertices(std::string_view pairs)
 {
     TagReader reader{pairs};
-    int64_t said = -1;
+    std::optional<int64_t> said;
     int64_t found = 0;
     for (Tag tag; reader.next(tag);)
         if (tag.code == kVertices.itemCode)
             ++found;
-        else if (tag.code == kVertices.countCode && said < 0)
+        else if (tag.code == kVertices.countCode && !said)
             said = tag.integer();
-    return said >= 0 && said != found ? mismatch(kVertices, said, found) : std::string{};
+    return said && *said != found ? mismatch(kVertices, *said, found) : std::string{};
 }
 
 /// Counts as it goes: within the alignment's own part, a section record starts at each code 2.
@@ -64,13 +65,13 @@ public:
         }
         if (!finishSection())
             return m_wrong;
-        return m_said >= 0 && m_said != m_sections ? mismatch(kSections, m_said, m_sections) : std::string{};
+        return m_said && *m_said != m_sections ? mismatch(kSections, *m_said, m_sections) : std::string{};
     }
 
 private:
     bool take(const Tag& tag)
     {
-        if (tag.code == kSections.countCode && m_said < 0)
+        if (tag.code == kSections.countCode && !m_said)
             m_said = tag.integer();
         else if (tag.code == kSections.itemCode)
         {
@@ -98,7 +99,7 @@ private:
         return m_wrong.empty();
     }
 
-    int64_t m_said = -1;
+    std::optional<int64_t> m_said;
     int64_t m_sections = 0;
     std::array<int64_t, 3> m_expected{};
     std::array<int64_t, 3> m_found{};

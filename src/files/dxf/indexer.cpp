@@ -13,6 +13,8 @@ namespace files
 namespace
 {
 
+constexpr int kComment = 999;
+
 uint64_t parseHandle(std::string_view word)
 {
     uint64_t value = 0;
@@ -70,7 +72,7 @@ DrawingStore DxfIndexer::run()
     bool any = false;
     while (advance())
     {
-        if (m_scanner.code() == 999)
+        if (m_scanner.code() == kComment)
             continue;
         if (!m_atZero)
             fail(any ? "expected a section or the end of the drawing" : "is not a DXF drawing");
@@ -90,9 +92,18 @@ DrawingStore DxfIndexer::run()
     throw FileError{m_path, m_scanner.nextLine(), "the drawing has no EOF: it is cut short"};
 }
 
+/// Moves to the next pair that is no comment; false at the end of the text.
+bool DxfIndexer::advancePastComments()
+{
+    bool any = advance();
+    while (any && m_scanner.code() == kComment)
+        any = advance();
+    return any;
+}
+
 void DxfIndexer::readSection()
 {
-    if (!advance() || m_scanner.code() != 2)
+    if (!advancePastComments() || m_scanner.code() != 2)
         fail("a section without a name");
     const std::string_view name = m_scanner.word();
     if (name == "HEADER")
@@ -207,7 +218,7 @@ void DxfIndexer::readRecord(ObjectRecord& record, bool dimensionStyle)
 
 void DxfIndexer::readTables()
 {
-    if (!advance())
+    if (!advancePastComments())
         fail("the TABLES section has no end: the file is cut short");
     while (m_atZero && m_scanner.word() == "TABLE")
         readTable();
@@ -250,7 +261,7 @@ void DxfIndexer::readTable()
 void DxfIndexer::readBlocks()
 {
     const size_t index = beginContainer(Container::kBlocks);
-    if (!advance())
+    if (!advancePastComments())
         fail("the BLOCKS section has no end: the file is cut short");
     while (m_atZero && m_scanner.word() == "BLOCK")
         readBlock();
@@ -281,7 +292,7 @@ void DxfIndexer::readObjects(Container::Kind kind)
         if (container.kind == kind)
             fail("a second section of the same name");
     const auto index = static_cast<uint32_t>(beginContainer(kind));
-    if (!advance())
+    if (!advancePastComments())
         fail("a section has no end: the file is cut short");
     while (m_atZero && m_scanner.word() != "ENDSEC")
     {

@@ -21,6 +21,7 @@ private:
     using Result = PairScanner::Result;
 
     bool advance();
+    bool advancePastComments();
     [[noreturn]] void fail(const std::string& reason) const;
     void requireZero(std::string_view word, const char* where);
 

@@ -90,6 +90,20 @@ TEST(DxfReader, AnUntouchedDrawingIsWrittenByteForByte)
         EXPECT_EQ(written(*parsed(text)), text);
 }
 
+TEST(DxfReader, CommentsMayStandInFrontOfASectionsNameAndContent)
+{
+    const std::string comment = "999\nSECTION or not\n";
+    for (const std::string name : {"HEADER", "TABLES", "BLOCKS", "ENTITIES"})
+    {
+        const std::string section = "  0\nSECTION\n", title = "  2\n" + name + "\n";
+        const std::string text =
+            replaced(smallDrawing(), section + title, section + comment + title + comment + comment);
+        const auto database = parsed(text);
+        EXPECT_EQ(database->store().records.size(), parsed(smallDrawing())->store().records.size()) << name;
+        EXPECT_EQ(written(*database), text);
+    }
+}
+
 TEST(DxfReader, BinaryAndTextAreTheSameDrawing)
 {
     const auto text = parsed(smallDrawing());
@@ -133,6 +147,7 @@ TEST(DxfReader, SaysWhatIsWrongAndWhere)
     EXPECT_THAT(errorOf(replaced(good, " 11\n3.0", "x11\n3.0")),
                 HasSubstr("test.dxf: line 209: expected a group code"));
     EXPECT_THAT(errorOf(replaced(good, " 90\n2\n", " 90\n3\n")), HasSubstr("3 vertices announced, 2 found"));
+    EXPECT_THAT(errorOf(replaced(good, " 90\n2\n", " 90\n-1\n")), HasSubstr("-1 vertices announced, 2 found"));
     EXPECT_THAT(errorOf(smallDrawing("AC1014")), HasSubstr("version R14, older than R2000"));
     EXPECT_EQ(errorOf(smallDrawing("AC1014"), DrawingReader::Purpose::Symbol), "read");
     EXPECT_THAT(errorOf(smallDrawing("AC1050")), HasSubstr("newer than R2018"));
