@@ -163,6 +163,8 @@ std::string reasonOf(Acad::ErrorStatus status)
         return "its blocks contain each other in a circle";
     case Acad::eInvalidInput:
         return "its name (without the last four characters) cannot name a block";
+    case Acad::eBadDxfSequence:
+        return "the drawing to place it in has no table or no section of blocks";
     default:
         return "it could not be inserted as a block";
     }
@@ -183,8 +185,8 @@ Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const ch
     if (name == nullptr || source == nullptr || source == this || !isValidSymbolName(name))
         return Acad::eInvalidInput;
     const ObjectRecord* table = m_tables->table("BLOCK_RECORD");
-    if (table == nullptr)
-        return Acad::eInvalidInput;
+    if (table == nullptr || !hasBlocksSection(m_store))
+        return Acad::eBadDxfSequence;
     if (m_blocks->record(name) != nullptr)
         return Acad::eDuplicateRecordName;
     if (const Acad::ErrorStatus refused = refuseWrite(*table); refused != Acad::eOk)

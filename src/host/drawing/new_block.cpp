@@ -37,6 +37,11 @@ void startFrame(TagWriter& out, std::string_view kind, const ObjectRecord& frame
 
 } // namespace
 
+bool hasBlocksSection(const DrawingStore& store)
+{
+    return blocksSection(store) != BlockIndex::npos;
+}
+
 uint32_t addBlockContents(AcDbDatabase& drawing, const std::u16string& name, ObjectRecord& blockRecord,
                           const AcGePoint3d& basePoint)
 {

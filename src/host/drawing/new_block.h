@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <string>
 
+/// Whether a drawing has the section that blocks stand in; without it no block can be made.
+bool hasBlocksSection(const DrawingStore& store);
+
 /// Gives a block record that was just added its contents: the block's head and end, and between them room for
 /// entities. Index of the container.
 uint32_t addBlockContents(AcDbDatabase& drawing, const std::u16string& name, ObjectRecord& blockRecord,
