@@ -285,6 +285,11 @@ void AcDbDatabase::setErased(ObjectRecord& record, bool erased)
     }
 }
 
+bool AcDbDatabase::isEnd(const ObjectRecord& record) const
+{
+    return &record == m_store.containers[record.container].tail || dxfNameOf(record) == "SEQEND";
+}
+
 bool AcDbDatabase::isModified() const
 {
     return std::any_of(m_changes.begin(), m_changes.end(),

@@ -51,7 +51,8 @@ public:
                                   bool allowCodePageConversion = false, const char16_t* password = nullptr);
     /// Makes the model space of `source` a block definition `name` of this drawing, with everything it uses; what this
     /// drawing has under a name already is kept. `eInvalidInput` for an invalid name, `eDuplicateRecordName` for one
-    /// that is taken, `eSelfReference` when blocks of the source contain each other in a circle.
+    /// that is taken, `eSelfReference` when blocks of the source contain each other in a circle, `eBadDxfSequence` when
+    /// this drawing has no place for blocks.
     Acad::ErrorStatus insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
                              bool preserveSourceDatabase = true);
 
@@ -104,6 +105,8 @@ public:
     ObjectRecord& take(AcDbObject& object, uint32_t container, uint64_t owner);
     /// Gives a record text of its own (counted as a change).
     void setRecordText(ObjectRecord& record, std::string_view text);
+    /// Whether a record is the end of a block or of a sequence: it goes with what it ends, never by itself.
+    bool isEnd(const ObjectRecord& record) const;
     /// Erases a record or brings it back, with the sub-entities that follow it.
     void setErased(ObjectRecord& record, bool erased);
     uint64_t takeHandle();

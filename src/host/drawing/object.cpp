@@ -104,6 +104,8 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
         return Acad::eNotInDatabase;
     if (!m_writing)
         return Acad::eNotOpenForWrite;
+    if (m_record->database->isEnd(*m_record))
+        return Acad::eInvalidInput;
     m_record->database->setErased(*m_record, erasing);
     return Acad::eOk;
 }
