@@ -7,7 +7,7 @@
 #include <string>
 #include <unordered_map>
 
-/// The blocks of the symbol files that a run has asked for: each file is tried once a run.
+/// The blocks of the symbol files that a run has asked for: each file is read at most once a run.
 class SymbolBlocks
 {
 public:

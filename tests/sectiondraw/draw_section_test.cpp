@@ -179,6 +179,22 @@ TEST_F(DrawnSection, SymbolFileIsReadOnceAndNotAgainWhenTheBlockIsThere)
     EXPECT_TRUE(session.session().unreadableFiles().empty());
 }
 
+TEST_F(DrawnSection, FileThatCannotBeReadGetsTheBlockThatAnotherOfItsNameBecame)
+{
+    OneSection one;
+    for (const char* code : {"A", "B", "A"})
+        one.drawing.feature(code, {{-5, 3}, {5, 3}});
+    useLayers(u"", u"", u"", u"");
+    g_DatabaseCS.m_arrDrawFlags[kSymbolText] = 0;
+    dss(one.drawing);
+    ListBlockData& rows = section(0).m_listBlockData2;
+    rows[0].m_strFile = rows[2].m_strFile = u"C:\\nowhere\\Cay.dxf";
+    rows[1].m_strFile = symbolFile("Cay.dxf");
+    click(kDraw);
+
+    EXPECT_THAT(drawnOn(0), testing::SizeIs(2));
+}
+
 TEST_F(DrawnSection, WhatTheDrawingRefusesIsRememberedAsNull)
 {
     OneSection one;
