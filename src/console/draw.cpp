@@ -2,12 +2,15 @@
 #include "console/report_parts.h"
 #include "console/section_list.h"
 #include "host/companion/alignment.h"
+#include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
 #include "sectiondraw/draw_style.h"
 #include "sections/database_cs.h"
+#include "util/document_lock.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 
 namespace console
 {
@@ -15,22 +18,60 @@ namespace console
 namespace
 {
 
+bool isLive(AcDbObjectId id)
+{
+    return !id.isNull() && !id.isErased();
+}
+
 /// Entities of an id list that are still there.
 size_t liveCount(const AcDbObjectIdArray& ids)
 {
-    return static_cast<size_t>(
-        std::count_if(ids.begin(), ids.end(), [](AcDbObjectId id) { return !id.isNull() && !id.isErased(); }));
+    return static_cast<size_t>(std::count_if(ids.begin(), ids.end(), isLive));
 }
 
-/// What each section's record remembers of earlier drawings.
-std::vector<size_t> remembered(const ItemReferenceLine& line)
+/// What earlier drawings left on each section, as far as the alignment remembers it and it is still there.
+class EarlierDrawings
 {
-    std::vector<size_t> counts(line.m_listCrossSections.size(), 0);
-    const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment};
-    if (alignment)
-        for (size_t i = 0; i < std::min(counts.size(), alignment->sections().size()); ++i)
-            counts[i] = liveCount(alignment->sections()[i].drawnIds);
-    return counts;
+public:
+    explicit EarlierDrawings(const ItemReferenceLine& line) : m_left(line.m_listCrossSections.size())
+    {
+        const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment};
+        if (!alignment)
+            return;
+        for (size_t i = 0; i < std::min(m_left.size(), alignment->sections().size()); ++i)
+            std::copy_if(alignment->sections()[i].drawnIds.begin(), alignment->sections()[i].drawnIds.end(),
+                         std::back_inserter(m_left[i]), isLive);
+    }
+
+    /// How much of it on the section at `position` is gone now.
+    size_t erased(size_t position) const { return m_left[position].size() - liveCount(m_left[position]); }
+
+    /// Says how much on the sections at `positions` could not be erased.
+    void noteKept(Notes& notes, const std::vector<size_t>& positions) const
+    {
+        size_t kept = 0;
+        for (const size_t position : positions)
+            kept += liveCount(m_left[position]);
+        if (kept > 0)
+            notes.push_back(std::to_string(kept) + " entities of earlier drawings could not be erased (is their layer "
+                                                   "locked?) and are no longer remembered");
+    }
+
+private:
+    std::vector<AcDbObjectIdArray> m_left;
+};
+
+/// The dialog's buttons do nothing, without a word, to a drawing that cannot be changed.
+void requireChangeable(const ItemReferenceLine& line, AcDbDatabase& database)
+{
+    if (database.blocks().record(u"*Model_Space") == nullptr)
+        throw Failure{"the drawing has no model space among its blocks: nothing can be drawn in it"};
+    const OpenForWrite lock;
+    const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment, AcDb::kForWrite};
+    if (alignment.openStatus() == Acad::eOnLockedLayer)
+        throw Failure{"the alignment \"" + toUtf8(line.m_strName) + "\" is on a locked layer and cannot be changed"};
+    if (!alignment)
+        throw Failure{"the alignment \"" + toUtf8(line.m_strName) + "\" cannot be changed"};
 }
 
 SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& section)
@@ -39,7 +80,7 @@ SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& sec
     report.name = toUtf8(section.m_strName);
     for (const AcDbObjectId id : section.m_arrDrawnIds)
     {
-        if (id.isNull() || id.isErased())
+        if (!isLive(id))
             continue;
         ++report.entities;
         const std::string_view type = database.dxfNameOf(*id.record());
@@ -104,13 +145,16 @@ Report drawDrawing(const DrawOptions& options)
     const bool confirm = library || !hasSettings(common);
     DssSession dss{program};
     dss.choose(options.alignment);
+    requireChangeable(dss.line(), database);
     const std::vector<size_t> positions = parseSectionList(options.sections, dss.line().m_listCrossSections.size());
+    if (positions.empty())
+        throw Failure{"the alignment \"" + toUtf8(dss.line().m_strName) + "\" has no cross-sections"};
     dss.tick(positions);
     if (options.nearby)
         program.command(u"ZE");
     if (confirm)
         dss.confirmSettings(options.library);
-    const std::vector<size_t> erased = remembered(dss.line());
+    const EarlierDrawings earlier{dss.line()};
     FeatureCounts drawn;
     for (const size_t position : positions)
         drawn.add(dss.line().m_listCrossSections[position]);
@@ -126,13 +170,14 @@ Report drawDrawing(const DrawOptions& options)
     {
         const CrossSectionXdata& section = dss.line().m_listCrossSections[position];
         SectionReport& part = report.sections.emplace_back(sectionReport(database, section));
-        part.erased = erased[position];
+        part.erased = earlier.erased(position);
         *report.placed += part.entities;
         report.erased += part.erased;
     }
     report.withoutSymbol = withoutSymbol(drawn);
     report.unreadable = unreadableSymbols(program.session());
     report.notes = dss.wordsForNumbers();
+    earlier.noteKept(report.notes, positions);
     if (library)
         noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);
     dss.close();
@@ -147,22 +192,25 @@ Report drawDrawing(const DrawOptions& options)
 Report eraseDrawing(const DrawOptions& options)
 {
     Program program{options.common};
-    program.open(options.common.drawing);
+    AcDbDatabase& database = *program.open(options.common.drawing)->database();
     DssSession dss{program};
     dss.choose(options.alignment);
-    const std::vector<size_t> erased = remembered(dss.line());
+    requireChangeable(dss.line(), database);
+    const EarlierDrawings earlier{dss.line()};
     dss.undo();
     Report report;
     report.drawing = options.common.drawing;
     report.output = options.output;
     report.alignment = toUtf8(dss.line().m_strName);
-    for (size_t i = 0; i < erased.size(); ++i)
+    const std::vector<size_t> all = parseSectionList("all", dss.line().m_listCrossSections.size());
+    for (const size_t position : all)
     {
         SectionReport& section = report.sections.emplace_back();
-        section.name = toUtf8(dss.line().m_listCrossSections[i].m_strName);
-        section.erased = erased[i];
-        report.erased += erased[i];
+        section.name = toUtf8(dss.line().m_listCrossSections[position].m_strName);
+        section.erased = earlier.erased(position);
+        report.erased += section.erased;
     }
+    earlier.noteKept(report.notes, all);
     program.session().saveCurrent(toUtf16(options.output));
     return report;
 }

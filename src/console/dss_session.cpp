@@ -72,6 +72,9 @@ void DssSession::choose(const std::string& alignment)
                     [this](const ItemReferenceLine& line) { return equalNoCase(line.m_strName, m_alignment); });
     if (!known)
         throw Failure{"the drawing has no alignment \"" + alignment + "\"; it has: " + alignmentNames()};
+    if (m_alignment.empty())
+        throw Failure{"the alignment has no name, and the dialog acts on none without; the drawing has: " +
+                      alignmentNames()};
     require(dialog().userChoose(kAlignments, line().m_strName));
 }
 

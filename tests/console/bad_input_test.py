@@ -2,6 +2,7 @@
 """What a user gets wrong, and what a file can hold: one line that says what and where, and nothing lost."""
 import os
 import random
+import re
 import subprocess
 
 from program import LIBRARY, SAMPLE, SYMBOLS, TABLE, ProgramTest, main
@@ -46,6 +47,50 @@ class BadInput(ProgramTest):
         empty.write_text("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n" + HEAD +
                          "  0\nENDSEC\n  0\nEOF\n")
         self.refused("draw", empty, "-o", out, says="no alignment")
+
+    def changed(self, name, *changes):
+        """The sample with the first place of each pattern changed."""
+        text = SAMPLE.read_text(encoding="utf-8")
+        for pattern, replacement in changes:
+            text, count = re.subn(pattern, replacement, text, count=1, flags=re.DOTALL)
+            self.assertEqual(count, 1, pattern)
+        path = self.folder / name
+        path.write_text(text, encoding="utf-8")
+        return path
+
+    def test_drawings_in_which_the_dialog_would_do_nothing(self):
+        out = self.folder / "out.dxf"
+        alignment = r"(\n100\nPlxDbAlignment\n  1\n)T1(\n.*?\n 90\n)25(\n.*?)(?=\n  0\n)"
+        for drawing, says in (
+                (self.changed("locked.dxf", (r"(\n  2\nTIM_TUYEN\n 70\n)0", r"\g<1>4")), '"T1" is on a locked layer'),
+                (self.changed("unnamed.dxf", (alignment, r"\1\g<2>25\3")), "has no name"),
+                (self.changed("tables.dxf", (r"  0\nSECTION\n  2\nTABLES\n.*?\n  0\nENDSEC\n", "")), "no model space")):
+            for command in (["draw", drawing, "--library", LIBRARY], ["draw", drawing], ["erase", drawing]):
+                self.refused(*command, "-o", out, says=says)
+        bare = self.changed("bare.dxf", (alignment, r"\1T1\g<2>0"))
+        self.refused("draw", bare, "-o", out, "--library", LIBRARY, says='"T1" has no cross-sections')
+
+    def test_a_drawing_without_blocks_gets_labels_only(self):
+        drawing = self.changed("blocks.dxf", (r"  0\nSECTION\n  2\nBLOCKS\n.*?\n  0\nENDSEC\n", ""))
+        out = self.folder / "out.dxf"
+        report = self.draw(drawing, out, "--library", LIBRARY)
+        self.assertIn("no section of blocks", report["unreadable"][0]["reason"])
+        self.assertEqual(sum(section["blocks"] for section in report["sections"]), 0)
+        self.assert_sound(out)
+
+    def test_what_cannot_be_erased_is_told_and_stays(self):
+        drawn, out = self.folder / "drawn.dxf", self.folder / "out.dxf"
+        placed = self.draw(SAMPLE, drawn, "--sections", "1")["placed"]
+        text = drawn.read_text(encoding="utf-8")
+        ends = [re.search(r"  0\n" + kind + r"\n  5\n(\w+)\n", text).group(1) for kind in ("SEQEND", "ENDBLK")]
+        hostile = text.replace("\n 93\n0\n", "\n 93\n2\n" + "".join(f"331\n{end}\n" for end in ends), 1)
+        name = "AcDbLayerTableRecord\n  2\n0\n 70\n"
+        for content, erased, kept in ((hostile, placed, 2), (text.replace(name + "0", name + "4", 1), 0, placed)):
+            drawn.write_text(content, encoding="utf-8")
+            report = self.run_json("erase", drawn, "-o", out)
+            self.assertEqual(report["erased"], erased)
+            self.assertTrue(report["notes"][0].startswith(f"{kept} entities of earlier drawings"), report["notes"])
+            self.assert_sound(out)
 
     def test_a_missing_symbol_is_reported_and_fails_only_when_strict(self):
         library = self.folder / "lost.dv"
