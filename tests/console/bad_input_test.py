@@ -104,6 +104,25 @@ class BadInput(ProgramTest):
         out.unlink()
         self.refused("draw", SAMPLE, "-o", out, "--library", library, "--strict", says="_.dxf")
 
+    def test_a_symbol_that_contains_itself_is_unreadable(self):
+        def insert(name):
+            return f"  0\nINSERT\n  8\n0\n  2\n{name}\n 10\n0\n 20\n0\n 30\n0\n"
+
+        def block(name, body):
+            return f"  0\nBLOCK\n  8\n0\n  2\n{name}\n 70\n0\n 10\n0\n 20\n0\n 30\n0\n{body}  0\nENDBLK\n"
+
+        table, out = self.folder / "table.dvbd", self.folder / "out.dxf"
+        for name, blocks, body in (("own", block("A", insert("A")), insert("A")),
+                                   ("two", block("A", insert("B")) + block("B", insert("A")), insert("B")),
+                                   ("name", block("name", insert("A")) + block("A", ""), insert("name"))):
+            symbol = self.folder / f"{name}.dxf"
+            symbol.write_text("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nSECTION\n  2\nBLOCKS\n" +
+                              blocks + "  0\nENDSEC\n" + HEAD + body + "  0\nENDSEC\n  0\nEOF\n")
+            table.write_text(f"MT1,{symbol},1,1,0,0\n")
+            report = self.run_json("plan", SAMPLE, "-o", out, "--table", table)
+            self.assertEqual((report["placed"], len(report["unreadable"])), (0, 1), name)
+            self.assert_sound(out)
+
     def test_damaged_drawings(self):
         good = SAMPLE.read_bytes()
         bad = self.folder / "bad.dxf"
@@ -133,6 +152,63 @@ class BadInput(ProgramTest):
     def status_of(self, *arguments):
         return subprocess.run([os.environ["VELOXA"], *map(str, arguments), "--settings", str(self.settings)],
                               capture_output=True, timeout=60, check=False).returncode
+
+    def test_hostile_settings_neither_crash_nor_damage(self):
+        drawn, again, library, table = (self.folder / name for name in ("drawn.dxf", "again.dxf", "a.dv", "a.dvbd"))
+        script = self.folder / "day.txt"
+        script.write_text(f"""
+command DSS
+answer "{library}"
+click 1096
+click 1095
+answer "{library}"
+click 1082
+click 1
+click 1094
+click 1
+answer "{table}"
+command DVBD
+click 1095
+click 1
+save "{drawn}"
+close
+# the drawing keeps what was loaded
+open "{drawn}"
+command DSS
+click 1096
+click 1
+click 1
+save "{again}"
+""")
+        play = ["script", script, SAMPLE, "--settings", self.settings, "--symbols", SYMBOLS]
+        library.write_bytes(LIBRARY.read_bytes())
+        table.write_bytes(TABLE.read_bytes())
+        self.run_program(*play)
+        paths = [library, table, self.settings / "iniSymbol.cfg", self.settings / "FcodeBD.cfg"]
+        good = [path.read_bytes() for path in paths]
+        chooser = random.Random(3)
+        for number in range(8):
+            for path, content in zip(paths, good):
+                path.write_bytes(chooser.randbytes(3000) if number % 4 == 0 else self.hostile(chooser, content))
+            self.run_program(*play)
+            if number % 4 < 2:
+                self.assert_sound(drawn)
+                self.assert_sound(again)
+
+    @staticmethod
+    def hostile(chooser, content):
+        """Lines of fields, many of them with a value that no user would want."""
+        values = [b"9" * 400, b"1e999", b"-1e308", b"inf", b"nan", b"~", b"", b",", b"\r", b"\x01\x00\xd8", b"\x02\xff", b"\xff",
+                  b"..\\..", b"C:\\a b\\c,d.dwg", b"/dev/null", b"\\\\", b"[ALL]\n1,2", b"[tn]", b"\0"]
+        lines = content.split(b"\n")
+        for _ in range(40):
+            at = chooser.randrange(len(lines))
+            for separator in (b",", b"#", b"="):
+                fields = lines[at].split(separator)
+                if len(fields) > 1:
+                    fields[chooser.randrange(len(fields))] = chooser.choice(values)
+                    lines[at] = separator.join(fields)
+        return b"\n".join(lines)
 
     def test_settings_that_cannot_be_kept_are_told(self):
         blocked = self.folder / "blocked"
