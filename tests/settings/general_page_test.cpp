@@ -85,7 +85,7 @@ TEST_F(GeneralPage, TakesNumbersAndColorsWhenApplied)
             EXPECT_TRUE(dialog.userCell(1, 2, u"a layer that there is not"));
             EXPECT_TRUE(dialog.userCell(1, 3, u"Others..."));
             EXPECT_TRUE(dialog.userCell(2, 3, u"ByBlock"));
-            EXPECT_TRUE(dialog.userCell(3, 3, u"no colour"));
+            EXPECT_TRUE(dialog.userCell(3, 3, u"Color  12"));
             EXPECT_TRUE(dialog.userCell(4, 3, u"Red"));
             EXPECT_TRUE(dialog.userClick(IDOK));
         });
@@ -94,7 +94,14 @@ TEST_F(GeneralPage, TakesNumbersAndColorsWhenApplied)
     EXPECT_EQ(g_DatabaseCS.m_arrLayerNames.at(0), u"a layer that there is not");
     EXPECT_EQ(g_DatabaseCS.m_nColorSymbolText, 130);
     EXPECT_EQ(g_DatabaseCS.m_nColorFcodeText, 7);
-    EXPECT_EQ(g_DatabaseCS.m_nColorSymbol, 7);
+    EXPECT_EQ(g_DatabaseCS.m_nColorSymbol, 12);
+    run(
+        [](CDialog& dialog)
+        {
+            EXPECT_TRUE(dialog.userCell(1, 3, u"no colour"));
+            EXPECT_TRUE(dialog.userClick(IDOK));
+        });
+    EXPECT_EQ(g_DatabaseCS.m_nColorSymbolText, 7);
 }
 
 TEST_F(GeneralPage, ADistanceBeyondAllNumbersIsChangedOnce)

@@ -2,6 +2,7 @@
 
 #include "host/text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -13,13 +14,16 @@ constexpr int kByLayer = 256;
 constexpr std::array<std::u16string_view, 8> kNames{u"ByBlock", u"Red",  u"Yellow",  u"Green",
                                                     u"Cyan",    u"Blue", u"Magenta", u"White/Black"};
 constexpr std::u16string_view kByLayerName = u"ByLayer";
-constexpr std::u16string_view kNumbered = u"Color ";
+constexpr std::u16string_view kNumbered = u"Color";
 
+/// Reads "Color" and a number behind any blanks, or none; what follows the number does not matter.
 std::optional<int> numberedColor(std::u16string_view name)
 {
     if (!equalNoCase(name.substr(0, kNumbered.size()), kNumbered))
         return std::nullopt;
-    const std::string digits = toUtf8(name.substr(kNumbered.size()));
+    name.remove_prefix(kNumbered.size());
+    name.remove_prefix(std::min(name.find_first_not_of(u" \t"), name.size()));
+    const std::string digits = toUtf8(name);
     int index = 0;
     if (std::from_chars(digits.data(), digits.data() + digits.size(), index).ec != std::errc{})
         return std::nullopt;
@@ -39,7 +43,7 @@ std::u16string colorName(int index)
 
 std::u16string numberedColorName(int index)
 {
-    return std::u16string{kNumbered} + toUtf16(std::to_string(index));
+    return std::u16string{kNumbered} + u" " + toUtf16(std::to_string(index));
 }
 
 std::optional<int> colorOfName(std::u16string_view name)
