@@ -131,7 +131,7 @@ TEST_F(TablePages, TakeASymbolFileFromTheButtonOfItsRow)
 {
     SettingsSession::addSymbol(nearby(0), u"ab");
     SettingsSession::addFcode(codes(0), u"DC1");
-    m_session.frontEnd.files = {u"D:\\sym\\cây.dwg", std::nullopt, u"/sym/dc.dxf"};
+    m_session.frontEnd.files = {u"D:\\sym\\cây.dwg", std::nullopt, u"/sym/dc.dxf", u"\\"};
     m_session.run({0},
                   [&](CDialog& dialog)
                   {
@@ -149,6 +149,9 @@ TEST_F(TablePages, TakeASymbolFileFromTheButtonOfItsRow)
     EXPECT_EQ(g_DatabaseCS.m_strFileLineLastSelect, u"/sym/dc.dxf");
     EXPECT_EQ(g_DatabaseCS.m_strPathSelect, u"/sym/");
     EXPECT_EQ(m_session.frontEnd.fileQuestions.front().defaultExtension, u"dwg");
+
+    m_session.run({0}, [](CDialog& dialog) { EXPECT_TRUE(dialog.userPress(1, 1)); });
+    EXPECT_EQ(g_DatabaseCS.m_strPathSelect, u"") << "of separators only";
 }
 
 TEST_F(TablePages, WithoutRowsShowAnEmptyTableAndTheFeatureCodesAreDisabled)
