@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace console
 {
@@ -44,9 +45,13 @@ public:
         }
         m_file.rows.push_back({m_kind, key, symbol});
         for (const std::u16string& number : numbers)
+        {
+            const std::string place = "row " + quoted(key) + " of " + titleOf(m_kind) + ": " + quoted(number);
             if (!StartsWithReal(number) && !(number.empty() && m_kind == kTableCodes))
-                m_file.problems.push_back("row " + quoted(key) + " of " + titleOf(m_kind) + ": " + quoted(number) +
-                                          " is no number and counts as 0");
+                m_file.problems.push_back(place + " is no number and counts as 0");
+            else if (!std::isfinite(ToReal(number)))
+                m_file.problems.push_back(place + " is too large a number: drawings hold 0 in its place");
+        }
     }
 
     void addBroken(const std::u16string& line)

@@ -115,7 +115,7 @@ class Check(ProgramTest):
     def test_the_plan_and_its_table(self):
         table = self.folder / "road.dvbd"
         table.write_bytes(b"".join(line for line in TABLE.read_bytes().splitlines(True) if not line.startswith(b"TIM,")) +
-                          b"XX,lost.dxf,,,,\nXY,lost.dxf,a,1,0,1\n")
+                          b"XX,lost.dxf,,,,\nXY,lost.dxf,a,1e999,0,1\n")
         checked = self.check(SAMPLE, "--table", table, "--symbols", SYMBOLS)
         placed = self.run_json("plan", SAMPLE, "-o", self.folder / "out.dxf", "--table", table, "--symbols", SYMBOLS)
         self.assertEqual({entry["name"]: entry["count"] for entry in checked["tableCodes"] if not entry["file"]},
@@ -124,6 +124,7 @@ class Check(ProgramTest):
         self.assertEqual([row["name"] for row in checked["unusedRows"]], ["XY"])
         for notes in (checked["notes"], placed["notes"]):
             self.assertTrue(any('row "XY" of the table: "a" is no number' in note for note in notes), notes)
+            self.assertTrue(any('row "XY" of the table: "1e999" is too large a number' in note for note in notes), notes)
             self.assertTrue(any('the line "XX,lost.dxf,,,," of the table' in note for note in notes), notes)
         self.assertIn("rows of the table that nothing in the drawing uses: XY", placed["notes"])
 
