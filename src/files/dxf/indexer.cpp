@@ -106,6 +106,8 @@ void DxfIndexer::readSection()
     if (!advancePastComments() || m_scanner.code() != 2)
         fail("a section without a name");
     const std::string_view name = m_scanner.word();
+    if (std::find(m_sections.begin(), m_sections.end(), name) != m_sections.end())
+        fail("a second section " + shown(name));
     if (name == "HEADER")
         readHeader();
     else if (name == "CLASSES")
@@ -119,7 +121,8 @@ void DxfIndexer::readSection()
     else if (name == "OBJECTS")
         readObjects(Container::kObjects);
     else
-        skipSection();
+        return skipSection();
+    m_sections.push_back(name);
 }
 
 void DxfIndexer::requireZero(std::string_view word, const char* where)
@@ -288,9 +291,6 @@ void DxfIndexer::readBlock()
 
 void DxfIndexer::readObjects(Container::Kind kind)
 {
-    for (const Container& container : m_store.containers)
-        if (container.kind == kind)
-            fail("a second section of the same name");
     const auto index = static_cast<uint32_t>(beginContainer(kind));
     if (!advancePastComments())
         fail("a section has no end: the file is cut short");

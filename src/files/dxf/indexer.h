@@ -4,6 +4,8 @@
 #include "host/drawing/store.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace files
 {
@@ -44,7 +46,8 @@ private:
     std::string m_path;
     PairScanner m_scanner;
     DrawingStore m_store;
-    bool m_atZero = false; ///< the pair at hand is the next object's code 0
+    std::vector<std::string_view> m_sections; ///< the names of those that were read
+    bool m_atZero = false;                    ///< the pair at hand is the next object's code 0
     uint16_t m_lastKind = 0;
 };
 

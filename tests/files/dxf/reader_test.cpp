@@ -151,6 +151,10 @@ TEST(DxfReader, SaysWhatIsWrongAndWhere)
     EXPECT_THAT(errorOf(smallDrawing("AC1014")), HasSubstr("version R14, older than R2000"));
     EXPECT_EQ(errorOf(smallDrawing("AC1014"), DrawingReader::Purpose::Symbol), "read");
     EXPECT_THAT(errorOf(smallDrawing("AC1050")), HasSubstr("newer than R2018"));
+    EXPECT_THAT(errorOf(replaced(good, "  0\nSECTION\n  2\nENTITIES",
+                                 "  0\nSECTION\n  2\nTABLES\n  0\nENDSEC\n"
+                                 "  0\nSECTION\n  2\nENTITIES")),
+                HasSubstr("a second section \"TABLES\""));
     EXPECT_THAT(errorOf(replaced(good, "  0\nENDTAB", "  0\nENDSEC")), HasSubstr("table LAYER has no end"));
     EXPECT_THAT(errorOf(asBinary(good).substr(0, 500)), HasSubstr("byte "));
 }
