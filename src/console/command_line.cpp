@@ -205,7 +205,11 @@ private:
     void addErase()
     {
         CLI::App& command = add("erase", "erase what was drawn for all sections of an alignment",
-                                [this] { print(eraseDrawing(m_options), m_options.common.json); });
+                                [this]
+                                {
+                                    const Progress progress{"erasing in " + m_options.common.drawing};
+                                    print(eraseDrawing(m_options), m_options.common.json);
+                                });
         addOutput(command);
         command.add_option("--alignment", m_options.alignment, "the alignment; the first by default")
             ->type_name("NAME");

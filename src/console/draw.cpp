@@ -18,17 +18,6 @@ namespace console
 namespace
 {
 
-bool isLive(AcDbObjectId id)
-{
-    return !id.isNull() && !id.isErased();
-}
-
-/// Entities of an id list that are still there.
-size_t liveCount(const AcDbObjectIdArray& ids)
-{
-    return static_cast<size_t>(std::count_if(ids.begin(), ids.end(), isLive));
-}
-
 /// What earlier drawings left on each section, as far as the alignment remembers it and it is still there.
 class EarlierDrawings
 {

@@ -35,26 +35,27 @@ void forEach(AcDbDatabase& database, Action action)
                 action(*entity);
 }
 
-/// What stands on the plan's layer: references by the name of their block.
-CountByCode planSymbols(AcDbDatabase& database)
+/// What stands on the plan's layer: references, and how many there are by the name of their block.
+struct PlanSymbols
 {
+    AcDbObjectIdArray ids;
     CountByCode counts;
+};
+
+PlanSymbols planSymbols(AcDbDatabase& database)
+{
+    PlanSymbols symbols;
     const auto add = [&](const AcDbBlockReference& reference)
     {
         const ObjectRecord* block = reference.blockTableRecord().record();
         if (block != nullptr && equalNoCase(reference.layer(), kPlanLayer))
-            ++counts[nameOfRecord(*block)];
+        {
+            symbols.ids.push_back(reference.objectId());
+            ++symbols.counts[nameOfRecord(*block)];
+        }
     };
     forEach<AcDbBlockReference>(database, add);
-    return counts;
-}
-
-size_t total(const CountByCode& counts)
-{
-    size_t sum = 0;
-    for (const auto& [name, count] : counts)
-        sum += count;
-    return sum;
+    return symbols;
 }
 
 /// Code and symbol file of each row that the table shows.
@@ -127,7 +128,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     addFoldersOf(table, common.symbolFolders);
     Program program{common};
     AcDbDatabase& database = *program.open(common.drawing)->database();
-    const CountByCode before = planSymbols(database);
+    const PlanSymbols before = planSymbols(database);
     FeatureCounts codes;
     openPlanTable(program, table,
                   [&](FeatureCounts found)
@@ -140,13 +141,18 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     Report report;
     report.drawing = common.drawing;
     report.output = options.output;
-    report.placed = total(planSymbols(database));
-    report.erased = total(before);
+    const size_t kept = liveCount(before.ids);
+    report.placed = planSymbols(database).ids.size() - kept;
+    report.erased = before.ids.size() - kept;
     for (const auto& [code, files] : codes.kinds[kTableCodes])
         if (const auto none = files.find(u""); none != files.end())
             report.withoutSymbol[toUtf8(code)] = none->second;
     report.unreadable = unreadableSymbols(program.session());
-    noteForeign(report.notes, before, codes);
+    if (kept > 0)
+        report.notes.push_back(std::to_string(kept) + " symbols of earlier runs could not be erased (is the layer " +
+                               toUtf8(kPlanLayer) + " locked?) and stand beside the new ones");
+    else
+        noteForeign(report.notes, before.counts, codes);
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
     noteUnkept(report.notes, program.session());

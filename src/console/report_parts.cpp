@@ -24,6 +24,16 @@ std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session)
     return unreadable;
 }
 
+bool isLive(AcDbObjectId id)
+{
+    return !id.isNull() && !id.isErased();
+}
+
+size_t liveCount(const AcDbObjectIdArray& ids)
+{
+    return static_cast<size_t>(std::count_if(ids.begin(), ids.end(), isLive));
+}
+
 void noteConversion(Notes& notes, const std::string& drawing)
 {
     if (files::isDwgFile(drawing))

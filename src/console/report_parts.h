@@ -4,6 +4,7 @@
 #include "console/program.h"
 #include "console/report.h"
 #include "console/row_file.h"
+#include "host/drawing/object_id.h"
 
 #include <string>
 #include <vector>
@@ -18,6 +19,11 @@ using Notes = std::vector<std::string>;
 
 /// Each symbol drawing that could not be read in the session, once, with the reason.
 std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session);
+
+/// Whether an id names something that is still there.
+bool isLive(AcDbObjectId id);
+/// How many of the ids do.
+size_t liveCount(const AcDbObjectIdArray& ids);
 
 /// The drawing came from a DWG: it was converted, and what that may lose.
 void noteConversion(Notes& notes, const std::string& drawing);

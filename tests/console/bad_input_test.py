@@ -92,6 +92,15 @@ class BadInput(ProgramTest):
             self.assertTrue(report["notes"][0].startswith(f"{kept} entities of earlier drawings"), report["notes"])
             self.assert_sound(out)
 
+    def test_a_locked_layer_of_the_plan_is_told(self):
+        once, twice = self.folder / "once.dxf", self.folder / "twice.dxf"
+        placed = self.run_json("plan", SAMPLE, "-o", once, "--table", TABLE)["placed"]
+        layer = "\n  2\nDiaVatBinhDo\n 70\n"
+        once.write_text(once.read_text(encoding="utf-8").replace(layer + "0", layer + "4", 1), encoding="utf-8")
+        report = self.run_json("plan", once, "-o", twice, "--table", TABLE)
+        self.assertEqual((report["placed"], report["erased"]), (placed, 0))
+        self.assertTrue(report["notes"][0].startswith(f"{placed} symbols of earlier runs"), report["notes"])
+
     def test_a_missing_symbol_is_reported_and_fails_only_when_strict(self):
         library = self.folder / "lost.dv"
         library.write_bytes(b"[SYMBOL]\nlost,C:\\x\\lost.dxf,1,1,0\n" +
