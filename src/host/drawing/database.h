@@ -51,8 +51,8 @@ public:
                                   bool allowCodePageConversion = false, const char16_t* password = nullptr);
     /// Makes the model space of `source` a block definition `name` of this drawing, with everything it uses; what this
     /// drawing has under a name already is kept. `eInvalidInput` for an invalid name, `eDuplicateRecordName` for one
-    /// that is taken, `eSelfReference` when blocks of the source contain each other in a circle, `eBadDxfSequence` when
-    /// this drawing has no place for blocks.
+    /// that is taken, `eSelfReference` when blocks of the source contain each other in a circle, `eFilerError` when an
+    /// entity of the source is damaged, `eBadDxfSequence` when this drawing has no place for blocks.
     Acad::ErrorStatus insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
                              bool preserveSourceDatabase = true);
 

@@ -9,6 +9,7 @@
 #include "host/drawing/header_variables.h"
 #include "host/drawing/new_block.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/sound_entity.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
 
@@ -154,6 +155,25 @@ void BlockCarrier::carrySubEntities(const std::vector<ObjectRecord*>& parts, uin
     m_target.setRecordText(end, m_entity.writeSequenceEnd(end.handle, owner));
 }
 
+/// Whether everything that would be carried from a container of the source is sound.
+bool isSound(AcDbDatabase& source, uint32_t block)
+{
+    const auto isSoundRecord = [&source](const ObjectRecord& record)
+    {
+        const std::string_view kind = source.dxfNameOf(record);
+        return !isCarriedKind(kind) || isSoundEntity(kind, record.view());
+    };
+    const AcDbObjectIdArray entities = source.blocks().entitiesIn(block, false);
+    return std::all_of(entities.begin(), entities.end(),
+                       [&](AcDbObjectId id)
+                       {
+                           const std::vector<ObjectRecord*> parts = subEntitiesOf(*id.record());
+                           return isSoundRecord(*id.record()) &&
+                                  std::all_of(parts.begin(), parts.end(),
+                                              [&](const ObjectRecord* part) { return isSoundRecord(*part); });
+                       });
+}
+
 /// Why a symbol drawing could not become a block, for a person.
 std::string reasonOf(Acad::ErrorStatus status)
 {
@@ -163,6 +183,8 @@ std::string reasonOf(Acad::ErrorStatus status)
         return "its blocks contain each other in a circle";
     case Acad::eInvalidInput:
         return "its name (without the last four characters) cannot name a block";
+    case Acad::eFilerError:
+        return "one of its entities is damaged";
     case Acad::eBadDxfSequence:
         return "the drawing to place it in has no table or no section of blocks";
     default:
@@ -203,6 +225,9 @@ Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const ch
     for (const uint32_t block : needed)
         if (equalNoCase(nameOfBlock(*source, block), name))
             return Acad::eSelfReference;
+    if (!isSound(*source, blocks.modelSpace()) ||
+        !std::all_of(needed.begin(), needed.end(), [&](uint32_t block) { return isSound(*source, block); }))
+        return Acad::eFilerError;
     BlockCarrier carrier{*source, *this, blocks};
     for (const uint32_t block : blocks.all())
         carrier.name(block);

@@ -209,6 +209,19 @@ TEST_F(Insert, CirclesAndNamesThatAreTakenAreRefusedAndLeaveNoTrace)
     EXPECT_EQ(insert(oldDrawing({}), u"SYMBOL"), Acad::eDuplicateRecordName);
 }
 
+TEST_F(Insert, DamagedEntitiesStayOutOfTheDrawing)
+{
+    const std::string before = saved();
+    EXPECT_EQ(insert(oldDrawing("0\nLINE\n8\n0\n10\n0.0\n20\n0.0\n11\n5.0\n31\n0.0\n")), Acad::eFilerError);
+    EXPECT_EQ(insert(oldDrawing("0\nPOLYLINE\n8\n0\n66\n1\n70\n0\n0\nVERTEX\n8\n0\n10\n1.0\n0\nSEQEND\n")),
+              Acad::eFilerError);
+    TestDrawing nested{1015};
+    nested.beginBlock("Inner").entity("HATCH", "100\nAcDbHatch\n  2\nSOLID\n");
+    nested.endBlock().insert("Inner", {0, 0, 0});
+    EXPECT_EQ(insert(nested.dxf()), Acad::eFilerError);
+    EXPECT_EQ(saved(), before);
+}
+
 TEST_F(Insert, DepthOfNestingDoesNotMatter)
 {
     constexpr int kDepth = 10'000;

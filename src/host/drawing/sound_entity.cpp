@@ -1,0 +1,41 @@
+#include "host/drawing/sound_entity.h"
+
+#include "host/drawing/tags.h"
+
+namespace
+{
+
+constexpr int kToSecondCoordinate = 10;
+
+/// Codes of first coordinates, extended data included.
+bool isFirstCoordinate(int code)
+{
+    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || (code >= 210 && code <= 213) ||
+           (code >= 1010 && code <= 1013);
+}
+
+bool isNeeded(std::string_view kind, const Tag& tag)
+{
+    if (kind == "LWPOLYLINE")
+        return tag.code == 100 && tag.word() == "AcDbPolyline";
+    if (kind == "HATCH")
+        return tag.code == 91;
+    return true;
+}
+
+} // namespace
+
+bool isSoundEntity(std::string_view kind, std::string_view pairs)
+{
+    TagReader reader{pairs};
+    bool complete = false;
+    int expected = 0;
+    for (Tag tag; reader.next(tag);)
+    {
+        if (expected != 0 && tag.code != expected)
+            return false;
+        expected = isFirstCoordinate(tag.code) ? tag.code + kToSecondCoordinate : 0;
+        complete = complete || isNeeded(kind, tag);
+    }
+    return complete && expected == 0;
+}
