@@ -64,6 +64,12 @@ std::string_view leftApplication(std::string_view kind)
     return kind == "DIMENSION" || kind == "LEADER" || kind == "TOLERANCE" ? "ACAD" : std::string_view{};
 }
 
+/// Whether a linetype, style or layer may be called so in any drawing.
+bool canName(std::u16string_view name)
+{
+    return !name.empty() && name.find_first_of(u"<>/\\\":;?*=`") == name.npos;
+}
+
 } // namespace
 
 bool isCarriedKind(std::string_view kind)
@@ -122,6 +128,8 @@ void ForeignEntity::carry(const Tag& tag)
         m_part = tag.word();
     if (tag.code == 100 ? m_part == "AcDbXrecord" : isLeftOut(tag.code))
         return;
+    if (oneOf(tag.code, {6, 7, 8}) && !canName(m_values.decoded(tag)))
+        return; // the entity gets what it has without one
     useNames(tag);
     m_pairs.push_back({tag.code, valueFor(tag)});
 }

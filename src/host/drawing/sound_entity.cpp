@@ -1,5 +1,6 @@
 #include "host/drawing/sound_entity.h"
 
+#include "host/drawing/pair_edit.h"
 #include "host/drawing/tags.h"
 
 namespace
@@ -27,15 +28,17 @@ bool isNeeded(std::string_view kind, const Tag& tag)
 
 bool isSoundEntity(std::string_view kind, std::string_view pairs)
 {
-    TagReader reader{pairs};
-    bool complete = false;
+    TagReader all{pairs};
     int expected = 0;
-    for (Tag tag; reader.next(tag);)
+    for (Tag tag; all.next(tag);)
     {
         if (expected != 0 && tag.code != expected)
             return false;
         expected = isFirstCoordinate(tag.code) ? tag.code + kToSecondCoordinate : 0;
-        complete = complete || isNeeded(kind, tag);
     }
+    bool complete = false;
+    OwnPairs own{pairs}; // what stands in a group that an application never closed does not come along
+    for (Tag tag; !complete && own.next(tag);)
+        complete = isNeeded(kind, tag);
     return complete && expected == 0;
 }

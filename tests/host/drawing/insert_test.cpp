@@ -209,6 +209,12 @@ TEST_F(Insert, CirclesAndNamesThatAreTakenAreRefusedAndLeaveNoTrace)
     EXPECT_EQ(insert(oldDrawing({}), u"SYMBOL"), Acad::eDuplicateRecordName);
 }
 
+TEST_F(Insert, NamesThatNothingCanHaveStayBehind)
+{
+    ASSERT_EQ(insert(oldDrawing("0\nPOINT\n8\n*bad\n6\n\n10\n0.0\n20\n0.0\n")), Acad::eOk);
+    EXPECT_THAT(saved(), testing::AllOf(Not(HasSubstr("*bad")), Not(HasSubstr("  6\n\n"))));
+}
+
 TEST_F(Insert, DamagedEntitiesStayOutOfTheDrawing)
 {
     const std::string before = saved();
