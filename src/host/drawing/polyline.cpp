@@ -87,11 +87,10 @@ std::vector<CurvePath> AcDbPolyline::curves() const
     return {m_shape};
 }
 
-const IndexedPath* AcDbPolyline::path() const
+/// Null while the shape may still change.
+const IndexedPath* AcDbPolyline::makePath() const
 {
-    if (isFresh())
-        return nullptr;
-    if (m_path == nullptr)
+    if (!isFresh())
         m_path = std::make_unique<IndexedPath>(m_shape);
     return m_path.get();
 }

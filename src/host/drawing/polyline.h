@@ -38,7 +38,7 @@ protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
     const CurvePath* shape() const override { return &m_shape; }
-    const IndexedPath* path() const override;
+    const IndexedPath* path() const override { return m_path != nullptr ? m_path.get() : makePath(); }
 
 private:
     struct Widths
@@ -46,6 +46,8 @@ private:
         double start = 0.0;
         double end = 0.0;
     };
+
+    const IndexedPath* makePath() const;
 
     CurvePath m_shape;
     std::vector<Widths> m_widths; ///< of the vertices; empty while all have the default width

@@ -123,8 +123,10 @@ inline void IndexedPath::addSegment(std::size_t segment, const CurvePath& other,
     addCrossingsOfSegment(m_path, segment, other, list);
 }
 
+/// In line at its one call, with what a probe costs.
 template <typename Other>
-void IndexedPath::searchOrdered(const Other& other, const Reach& reach, CrossingList& list) const
+[[gnu::always_inline]] inline void IndexedPath::searchOrdered(const Other& other, const Reach& reach,
+                                                              CrossingList& list) const
 {
     const bool rising = m_order == Order::RisingX;
     const PathVertex* const vertices = m_path.vertices().data();
