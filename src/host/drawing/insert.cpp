@@ -1,6 +1,5 @@
 #include "host/app/session.h"
 #include "host/drawing/block_index.h"
-#include "host/drawing/curve_readers.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity_curves.h"
 #include "host/drawing/foreign_blocks.h"
@@ -109,8 +108,7 @@ ObjectRecord& BlockCarrier::carry(uint32_t block, const std::u16string& name, co
 void BlockCarrier::carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner)
 {
     const std::string_view kind = m_source.dxfNameOf(entity);
-    // A damaged hatch would make other programs refuse the whole drawing.
-    if (!isCarriedKind(kind) || (kind == "HATCH" && !isWholeHatch(entity.view())))
+    if (!isCarriedKind(kind))
         return;
     const auto block = m_nameOf.find(m_blocks.blockOf(entity));
     const bool needsBlock = kind == "INSERT" || kind == "DIMENSION";

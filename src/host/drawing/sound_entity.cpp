@@ -1,5 +1,6 @@
 #include "host/drawing/sound_entity.h"
 
+#include "host/drawing/curve_readers.h"
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/tags.h"
 
@@ -7,6 +8,7 @@ namespace
 {
 
 constexpr int kToSecondCoordinate = 10;
+constexpr int kComment = 999;
 
 /// Codes of first coordinates, extended data included.
 bool isFirstCoordinate(int code)
@@ -32,6 +34,8 @@ bool isSoundEntity(std::string_view kind, std::string_view pairs)
     int expected = 0;
     for (Tag tag; all.next(tag);)
     {
+        if (tag.code == kComment)
+            continue;
         if (expected != 0 && tag.code != expected)
             return false;
         expected = isFirstCoordinate(tag.code) ? tag.code + kToSecondCoordinate : 0;
@@ -40,5 +44,5 @@ bool isSoundEntity(std::string_view kind, std::string_view pairs)
     OwnPairs own{pairs}; // what stands in a group that an application never closed does not come along
     for (Tag tag; !complete && own.next(tag);)
         complete = isNeeded(kind, tag);
-    return complete && expected == 0;
+    return complete && expected == 0 && (kind != "HATCH" || isWholeHatch(pairs));
 }

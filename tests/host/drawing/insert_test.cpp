@@ -155,20 +155,14 @@ TEST_F(Insert, WhatAnOlderDrawingCannotHoldStaysBehind)
     EXPECT_THAT(file, HasSubstr(" 97\n0\n"));
 }
 
-TEST_F(Insert, WhatIsDamagedInASymbolDoesNotReachTheDrawing)
+TEST_F(Insert, ADirectionWithoutLengthStandsUpright)
 {
-    const std::string head =
-        "100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n  2\nSOLID\n 70\n1\n 71\n0\n 91\n1\n 92\n1\n";
-    const std::string line = " 72\n1\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n0.0\n";
-    const std::string end = " 97\n0\n 75\n1\n 76\n1\n 98\n0\n";
     TestDrawing symbol{1015};
-    symbol.entity("HATCH", head + " 93\n2\n" + line + line + end);
-    symbol.entity("HATCH", head + " 93\n2\n" + line + " 72\n0\n" + end);
-    symbol.entity("HATCH", head + " 93\n2\n" + line + end);
-    symbol.entity("CIRCLE", "100\nAcDbCircle\n 10\n1.0\n 20\n2.0\n 30\n0.0\n 40\n3.0\n210\n0.0\n220\n0.0\n230\n0.0\n");
+    symbol.entity("CIRCLE", "100\nAcDbCircle\n 10\n1.0\n999\nbetween\n 20\n2.0\n 30\n0.0\n 40\n3.0\n"
+                            "210\n0.0\n220\n0.0\n230\n0.0\n");
     ASSERT_EQ(insert(symbol.dxf()), Acad::eOk);
 
-    EXPECT_THAT(kindsIn(u"Symbol"), testing::ElementsAre("HATCH", "CIRCLE"));
+    EXPECT_THAT(kindsIn(u"Symbol"), testing::ElementsAre("CIRCLE"));
     EXPECT_THAT(saved(), HasSubstr("210\n0.0\n220\n0.0\n230\n1.0\n"));
 }
 
@@ -221,11 +215,24 @@ TEST_F(Insert, DamagedEntitiesStayOutOfTheDrawing)
     EXPECT_EQ(insert(oldDrawing("0\nLINE\n8\n0\n10\n0.0\n20\n0.0\n11\n5.0\n31\n0.0\n")), Acad::eFilerError);
     EXPECT_EQ(insert(oldDrawing("0\nPOLYLINE\n8\n0\n66\n1\n70\n0\n0\nVERTEX\n8\n0\n10\n1.0\n0\nSEQEND\n")),
               Acad::eFilerError);
+    const std::string line = " 72\n1\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n0.0\n";
+    const auto hatch = [](const std::string& edges)
+    {
+        TestDrawing symbol{1015};
+        symbol.entity("HATCH",
+                      "100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n  2\nSOLID\n 70\n1\n 71\n0\n 91\n1\n 92\n1\n"
+                      " 93\n2\n" +
+                          edges + " 97\n0\n 75\n1\n 76\n1\n 98\n0\n");
+        return symbol.dxf();
+    };
+    EXPECT_EQ(insert(hatch(line)), Acad::eFilerError) << "an edge is missing";
+    EXPECT_EQ(insert(hatch(line + " 72\n0\n")), Acad::eFilerError) << "an edge of no kind";
     TestDrawing nested{1015};
     nested.beginBlock("Inner").entity("HATCH", "100\nAcDbHatch\n  2\nSOLID\n");
     nested.endBlock().insert("Inner", {0, 0, 0});
     EXPECT_EQ(insert(nested.dxf()), Acad::eFilerError);
     EXPECT_EQ(saved(), before);
+    EXPECT_EQ(insert(hatch(line + line)), Acad::eOk);
 }
 
 TEST_F(Insert, DepthOfNestingDoesNotMatter)
