@@ -89,7 +89,7 @@ def compared(line, found):
     limit = line["limit"]
     if line["faster"]:
         ratio = other / ours
-        return [line["what"], show(ours), line["name"], show(other), f"{ratio:,.3g} × faster",
+        return [line["what"], show(ours), line["name"], show(other), f"{ratio:,.0f} × faster" if ratio >= 100 else f"{ratio:.3g} × faster",
                 "" if limit is None else "faster" if limit == 1 else f"≥ {limit:,} × faster", mark(limit, ratio >= (limit or 0))]
     ratio = ours / other
     return [line["what"], show(ours), line["name"], show(other), f"{ratio:.2f} ×", f"≤ {limit} ×", mark(limit, ratio <= limit)]

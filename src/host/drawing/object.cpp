@@ -137,10 +137,13 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     ObjectRecord* record = id.record();
     if (record == nullptr)
         return Acad::eNullObjectId;
-    if (record->has(ObjectRecord::kDangling))
-        return Acad::eUnknownHandle;
-    if (record->has(ObjectRecord::kErased) && !openErased)
-        return Acad::eWasErased;
+    if ((record->flags & (ObjectRecord::kDangling | ObjectRecord::kErased)) != 0)
+    {
+        if (record->has(ObjectRecord::kDangling))
+            return Acad::eUnknownHandle;
+        if (!openErased)
+            return Acad::eWasErased;
+    }
     AcDbDatabase& database = *record->database;
     AcDbObject* const resident = record->resident;
     const AcRxClass* const own = resident != nullptr ? resident->isA() : database.classOf(*record);
