@@ -21,7 +21,8 @@ function(veloxa_options)
   endif()
   find_program(CCACHE ccache)
   if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE} PARENT_SCOPE)
+    # Without this sloppiness the cache leaves out whatever is built with a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE} PARENT_SCOPE)
   endif()
 endfunction()
 
@@ -52,6 +53,13 @@ function(veloxa_program TARGET)
   set_target_properties(${TARGET} PROPERTIES ENABLE_EXPORTS ON BUILD_RPATH $ORIGIN)
 endfunction()
 
+# veloxa_test_places(NAME)
+# Tells the test program test_NAME where the sources and the built programs are.
+function(veloxa_test_places NAME)
+  target_compile_definitions(test_${NAME} PRIVATE VELOXA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                                                  VELOXA_BINARY_DIR="${CMAKE_BINARY_DIR}")
+endfunction()
+
 # veloxa_test(NAME [MODULE] [LIBS target...])
 # A test program test_NAME of every .cpp below this directory, each of its tests known to ctest. With MODULE it is a
 # program that loads the module, so that the module's boxes are in it once; LIBS then names none of them.
@@ -67,7 +75,6 @@ function(veloxa_test NAME)
   if(TEST_MODULE)
     veloxa_program(test_${NAME})
   endif()
-  target_compile_definitions(test_${NAME} PRIVATE VELOXA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
-                                                  VELOXA_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  target_precompile_headers(test_${NAME} REUSE_FROM veloxa_test_headers)
   gtest_discover_tests(test_${NAME} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
 endfunction()
