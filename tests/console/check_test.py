@@ -4,10 +4,9 @@ import json
 import os
 import re
 import shutil
-import unittest
 from unittest import mock
 
-from dwg_test import CONVERTER, DRAWINGS
+from dwg_test import DRAWINGS, with_real_dwg
 from program import LIBRARY, SAMPLE, SYMBOLS, TABLE, ProgramTest, main
 
 
@@ -206,8 +205,7 @@ class Check(ProgramTest):
         self.assertEqual((checked["alignments"], checked["names"], checked["tableCodes"]), ([], [], []))
         self.assertGreater(len(checked["unusedRows"]), 50)
 
-    @unittest.skipUnless(DRAWINGS.exists() and CONVERTER.exists() and shutil.which("node"),
-                         "no real DWG files, or the converter is not installed")
+    @with_real_dwg
     def test_dwg_symbols_and_drawings(self):
         library = self.library("[SYMBOL]", "Mép đường,D:\\2013_circle.dwg,1,1,0", "Mương,Broken.dwg,1,1,0")
         (library.parent / "Broken.dwg").write_bytes((DRAWINGS / "example_2004.dwg").read_bytes()[:3000])

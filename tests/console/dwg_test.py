@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""DWG drawings: as symbols of a library, and opened to be looked at. Skipped where the real files or the converter are not."""
+"""DWG drawings: as symbols of a library, and opened to be looked at. Needs the converter and VELOXA_REAL_DATA."""
 import json
 import os
 import shutil
@@ -8,12 +8,13 @@ from unittest import mock
 
 from program import REAL_DATA, SAMPLE, SOURCE, ProgramTest, main
 
-DRAWINGS = REAL_DATA / "dwg"
+DRAWINGS = REAL_DATA and REAL_DATA / "dwg"
 CONVERTER = SOURCE / "tools" / "dwg2dxf" / "node_modules"
+with_real_dwg = unittest.skipUnless(REAL_DATA and CONVERTER.exists() and shutil.which("node"),
+                                    "VELOXA_REAL_DATA is not set, or the converter is not installed")
 
 
-@unittest.skipUnless(DRAWINGS.exists() and CONVERTER.exists() and shutil.which("node"),
-                     "no real DWG files, or the converter is not installed")
+@with_real_dwg
 class Dwg(ProgramTest):
     def setUp(self):
         super().setUp()

@@ -3,6 +3,7 @@ import json
 import os
 import pathlib
 import subprocess
+import sys
 import tempfile
 import unittest
 
@@ -11,7 +12,8 @@ SAMPLE = SOURCE / "samples" / "road.dxf"
 LIBRARY = SOURCE / "samples" / "road.dv"
 TABLE = SOURCE / "samples" / "road.dvbd"
 SYMBOLS = SOURCE / "samples" / "symbols"
-REAL_DATA = pathlib.Path(os.environ.get("VELOXA_REAL_DATA", SOURCE.parent / "shared" / "data"))
+# Real drawings are not part of the project: whoever has some says where. Nowhere else are they looked for.
+REAL_DATA = pathlib.Path(os.environ["VELOXA_REAL_DATA"]) if os.environ.get("VELOXA_REAL_DATA") else None
 
 # The auditor is Debian's package, whatever interpreter runs this.
 AUDIT = """
@@ -54,4 +56,8 @@ class ProgramTest(unittest.TestCase):
 
 
 def main():
-    unittest.main(verbosity=2)
+    """Runs the file's tests. Ends with 77, which is "skipped" to ctest, only when every one of them was."""
+    program = unittest.main(verbosity=2, exit=False)
+    if not program.result.wasSuccessful():
+        sys.exit(1)
+    sys.exit(77 if len(program.result.skipped) == program.test.countTestCases() else 0)
