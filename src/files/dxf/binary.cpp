@@ -105,9 +105,22 @@ private:
             fail("a text has no end: the file is cut short");
         const std::string_view text = m_bytes.substr(m_at, end - m_at);
         m_at = end + 1;
-        if (text.find_first_of("\r\n") != std::string_view::npos)
-            fail("a text with a line end");
         return text;
+    }
+
+    /// A text form has no line ends within a text: its control characters are written behind a caret.
+    void writeText(int code, std::string_view text)
+    {
+        constexpr char kToLetter = 0x40;
+        if (text.find_first_of("\r\n") == std::string_view::npos)
+            return m_out.text(code, text);
+        std::string oneLine;
+        for (const char c : text)
+            if (c == '\n' || c == '\r')
+                oneLine.append({'^', static_cast<char>(c + kToLetter)});
+            else
+                oneLine += c;
+        m_out.text(code, oneLine);
     }
 
     void readChunk(int code)
@@ -156,7 +169,7 @@ private:
             break;
         }
         const std::string_view text = readText();
-        m_out.text(code, text);
+        writeText(code, text);
         return code != 0 || text != "EOF";
     }
 

@@ -2,6 +2,7 @@
 
 #include "host/drawing/foreign_names.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/spline_edge.h"
 #include "host/drawing/subclass_markers.h"
 
 #include <algorithm>
@@ -139,17 +140,10 @@ void ForeignEntity::carryOwn(std::string_view text)
     m_pairs.clear();
     m_part = {};
     OwnPairs own{text};
-    int pending = 0;
+    CarriedBoundary boundary{m_values.target().version() >= kR2010};
     for (Tag tag; own.next(tag);)
-    {
-        // A count of boundary objects (97) has lost them; one of fit points stands before the points.
-        if (pending > 0 && tag.code != 11 && m_kind == "HATCH")
-            m_pairs.back().value.assign(1, '0');
-        pending = tag.code == 97 ? 1 : 0;
-        carry(tag);
-    }
-    if (pending > 0 && m_kind == "HATCH")
-        m_pairs.back().value.assign(1, '0');
+        if (m_kind != "HATCH" || boundary.carries(tag, own, m_pairs))
+            carry(tag);
     repairNormal(m_pairs);
 }
 

@@ -1,6 +1,7 @@
 #include "host/drawing/curve_readers.h"
 
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/spline_edge.h"
 
 #include <numbers>
 
@@ -184,12 +185,7 @@ void HatchReader::readSplineEdge()
 {
     AcGePoint3dArray controls;
     const AcGeMatrix3d toWorld = world();
-    const auto belongs = [](int code)
-    {
-        return code == 94 || code == 95 || code == 96 || code == 73 || code == 74 || code == 40 || code == 42 ||
-               (code >= 10 && code <= 23);
-    };
-    while (m_more && belongs(m_tag.code))
+    while (m_more && splineEdgePart(m_tag, m_pairs) != SplineEdgePart::kNone)
     {
         if (m_tag.code == 10)
         {

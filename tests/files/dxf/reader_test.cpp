@@ -113,6 +113,19 @@ TEST(DxfReader, BinaryAndTextAreTheSameDrawing)
         EXPECT_EQ(text->store().records[i].handle, binary->store().records[i].handle);
 }
 
+TEST(DxfReader, LineEndsInTextsOfABinaryDrawingAreWrittenBehindACaret)
+{
+    const std::string bytes =
+        replaced(asBinary(replaced(smallDrawing(), "AcDbMystery", "one@two#")), "one@two#", "one\ntwo\r");
+    const auto database = parsed(bytes);
+    EXPECT_EQ(written(*database), bytes);
+
+    database->setErased(*database->handles().find(0x30), true);
+    const std::string text = written(*database);
+    EXPECT_THAT(text, HasSubstr("100\none^Jtwo^M\n"));
+    EXPECT_EQ(written(*parsed(text)), text);
+}
+
 TEST(DxfReader, ErasedChangedAndAddedObjectsAreTheOnlyDifference)
 {
     for (const bool carriageReturns : {false, true})

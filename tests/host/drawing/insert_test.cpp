@@ -235,6 +235,40 @@ TEST_F(Insert, DamagedEntitiesStayOutOfTheDrawing)
     EXPECT_EQ(insert(hatch(line + line)), Acad::eOk);
 }
 
+/// Spline edges with fit data and without, the loop's count behind them or the next edge.
+TEST_F(Insert, SplineEdgesOfHatchesGetTheFormOfTheDrawingsVersion)
+{
+    const std::string head = "100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n  2\nSOLID\n 70\n1\n 71\n0\n 91\n2\n";
+    const std::string spline =
+        " 72\n4\n 94\n1\n 73\n0\n 74\n0\n 95\n4\n 96\n2\n 40\n0.0\n 40\n0.0\n 40\n1.0\n 40\n1.0\n"
+        " 10\n0.0\n 20\n0.0\n 10\n1.0\n 20\n1.0\n";
+    const std::string fit = " 97\n2\n 11\n0.0\n 21\n0.0\n 11\n1.0\n 21\n1.0\n 12\n1.0\n 22\n1.0\n 13\n1.0\n 23\n1.0\n";
+    const std::string line = " 72\n1\n 10\n1.0\n 20\n1.0\n 11\n0.0\n 21\n0.0\n";
+    const std::string none = " 97\n0\n";
+    const std::string tail = " 75\n1\n 76\n1\n 98\n0\n";
+    const auto loops = [&](const std::string& one, const std::string& other)
+    {
+        const std::string sources = none;
+        return head + " 92\n1\n 93\n2\n" + spline + one + line + sources + " 92\n1\n 93\n2\n" + line + spline + other +
+               sources + tail;
+    };
+    const auto hatch = [](int version, const std::string& pairs)
+    {
+        TestDrawing symbol{version};
+        symbol.entity("HATCH", pairs);
+        return symbol.dxf();
+    };
+    for (const int target : {1015, 1032})
+    {
+        m_session.open(TestDrawing{target}.dxf());
+        EXPECT_EQ(insert(hatch(1032, loops(fit, none)), u"Fit"), Acad::eOk);
+        EXPECT_EQ(insert(hatch(1015, loops({}, {})), u"Old"), Acad::eOk);
+        const std::string file = saved();
+        EXPECT_THAT(file, HasSubstr(target == 1032 ? loops(fit, none) : loops({}, {})));
+        EXPECT_THAT(file, HasSubstr(target == 1032 ? loops(none, none) : loops({}, {})));
+    }
+}
+
 TEST_F(Insert, DepthOfNestingDoesNotMatter)
 {
     constexpr int kDepth = 10'000;
