@@ -1,6 +1,7 @@
 // Reading a drawing, ready for commands, beside the least that any reader does and beside another reader.
 #include "bench/support/drawings.h"
 #include "bench/support/open_drawing.h"
+#include "store/group_codes.h"
 
 #include <benchmark/benchmark.h>
 #include <charconv>
@@ -46,12 +47,6 @@ struct Sum
     double reals = 0.0;
 };
 
-bool isReal(int code)
-{
-    return (code >= 10 && code < 60) || (code >= 110 && code < 150) || (code >= 210 && code < 240) ||
-           (code >= 460 && code < 470) || (code >= 1010 && code < 1060);
-}
-
 const char* skipBlanks(const char* at, const char* end)
 {
     while (at != end && *at == ' ')
@@ -80,7 +75,7 @@ Sum passOver(std::string_view text)
             break;
         const char* value = codeEnd + 1;
         const char* valueEnd = lineEnd(value, end);
-        if (isReal(code))
+        if (dxf::isReal(code))
         {
             double real = 0.0;
             std::from_chars(skipBlanks(value, valueEnd), valueEnd, real);

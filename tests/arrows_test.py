@@ -6,7 +6,8 @@ import sys
 
 # What each box may include besides itself. The order is that of the picture in ARCHITECTURE.md, bottom up.
 ARROWS = {
-    "host": set(),
+    "store": set(),
+    "host": {"store"},
     "util": {"host"},
     "resources": {"util", "host"},
     "frame/tracking": {"util", "host"},
@@ -16,7 +17,7 @@ ARROWS = {
     "sectiondraw": {"settings", "sections", "dbkit", "util", "resources", "host"},
     "plan": {"sections", "dbkit", "util", "resources", "host"},
     "frame/entry": {"sectiondraw", "plan", "settings", "sections", "dbkit", "frame/tracking", "util", "resources", "host"},
-    "files": {"host"},
+    "files": {"host", "store"},
     "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host"},
     "desktop": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host"},
 }

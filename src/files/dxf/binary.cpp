@@ -2,6 +2,7 @@
 
 #include "files/error.h"
 #include "host/drawing/tags.h"
+#include "store/group_codes.h"
 
 #include <bit>
 #include <cstring>
@@ -15,40 +16,6 @@ namespace
 /// What every binary DXF file starts with: the format's own mark, 22 bytes.
 constexpr char kMark[] = "AutoCAD Binary DXF\r\n\x1a";
 constexpr size_t kMarkSize = sizeof kMark;
-
-enum class Form
-{
-    Text,
-    Real,
-    Int16,
-    Int32,
-    Int64,
-    Bool,
-    Chunk,
-    Unknown
-};
-
-/// How a group's value is stored (DXF reference, group code value types).
-Form formOf(int code)
-{
-    const auto within = [code](int first, int last) { return code >= first && code <= last; };
-    if (within(10, 59) || within(110, 149) || within(210, 239) || within(460, 469) || within(1010, 1059))
-        return Form::Real;
-    if (within(60, 79) || within(170, 179) || within(270, 289) || within(370, 389) || within(400, 409) ||
-        within(1060, 1070))
-        return Form::Int16;
-    if (within(90, 99) || within(420, 429) || within(440, 459) || code == 1071)
-        return Form::Int32;
-    if (within(160, 169))
-        return Form::Int64;
-    if (within(290, 299))
-        return Form::Bool;
-    if (within(310, 319) || code == 1004)
-        return Form::Chunk;
-    const bool text = within(0, 9) || within(100, 109) || within(300, 309) || within(320, 369) || within(390, 399) ||
-                      within(410, 419) || within(430, 439) || within(470, 481) || within(999, 1009);
-    return text ? Form::Text : Form::Unknown;
-}
 
 class BinaryReader
 {
@@ -143,29 +110,30 @@ private:
     /// False behind the drawing's EOF.
     bool readValue(int code)
     {
-        switch (formOf(code))
+        switch (dxf::kindOf(code))
         {
-        case Form::Real:
+        case dxf::ValueKind::Real:
             m_out.real(code, read<double>());
             return true;
-        case Form::Int16:
+        case dxf::ValueKind::Int16:
             m_out.integer(code, read<int16_t>());
             return true;
-        case Form::Int32:
+        case dxf::ValueKind::Int32:
             m_out.integer(code, read<int32_t>());
             return true;
-        case Form::Int64:
+        case dxf::ValueKind::Int64:
             m_out.integer(code, read<int64_t>());
             return true;
-        case Form::Bool:
+        case dxf::ValueKind::Bool:
             m_out.integer(code, read<uint8_t>());
             return true;
-        case Form::Chunk:
+        case dxf::ValueKind::Chunk:
             readChunk(code);
             return true;
-        case Form::Unknown:
+        case dxf::ValueKind::None:
             fail("an unknown group code");
-        case Form::Text:
+        case dxf::ValueKind::String:
+        case dxf::ValueKind::Handle:
             break;
         }
         const std::string_view text = readText();

@@ -2,6 +2,7 @@
 
 #include "files/dxf/count_check.h"
 #include "files/error.h"
+#include "store/group_codes.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,8 +13,6 @@ namespace files
 
 namespace
 {
-
-constexpr int kComment = 999;
 
 uint64_t parseHandle(std::string_view word)
 {
@@ -54,7 +53,7 @@ bool DxfIndexer::advance()
     switch (m_scanner.next())
     {
     case Result::Pair:
-        m_atZero = m_scanner.code() == 0;
+        m_atZero = m_scanner.code() == dxf::kType;
         return true;
     case Result::End:
         m_atZero = false;
@@ -72,7 +71,7 @@ DrawingStore DxfIndexer::run()
     bool any = false;
     while (advance())
     {
-        if (m_scanner.code() == kComment)
+        if (m_scanner.code() == dxf::kComment)
             continue;
         if (!m_atZero)
             fail(any ? "expected a section or the end of the drawing" : "is not a DXF drawing");
@@ -96,7 +95,7 @@ DrawingStore DxfIndexer::run()
 bool DxfIndexer::advancePastComments()
 {
     bool any = advance();
-    while (any && m_scanner.code() == kComment)
+    while (any && m_scanner.code() == dxf::kComment)
         any = advance();
     return any;
 }
@@ -137,7 +136,7 @@ void DxfIndexer::readHeader()
     std::string_view variable;
     while (advance() && !m_atZero)
     {
-        if (m_scanner.code() == 9)
+        if (m_scanner.code() == dxf::kVariable)
             variable = m_scanner.word();
         else if (variable == "$ACADVER" && m_scanner.code() == 1)
         {
@@ -197,7 +196,7 @@ ObjectRecord& DxfIndexer::beginRecord(uint32_t container)
 /// Reads to the next object's code 0.
 void DxfIndexer::readRecord(ObjectRecord& record, bool dimensionStyle)
 {
-    const int handleCode = dimensionStyle ? 105 : 5;
+    const int handleCode = dimensionStyle ? dxf::kHandleOfDimStyle : dxf::kHandle;
     const uint64_t line = m_scanner.line();
     const bool counted = hasCounts(m_store.kinds[record.kind]);
     while (advance() && !m_atZero)
@@ -205,7 +204,7 @@ void DxfIndexer::readRecord(ObjectRecord& record, bool dimensionStyle)
         const int code = m_scanner.code();
         if (code == handleCode && record.handle == 0)
             record.handle = parseHandle(m_scanner.word());
-        else if (code == 67 && m_scanner.word() == "1")
+        else if (code == dxf::kPaperSpace && m_scanner.word() == "1")
             record.set(ObjectRecord::kPaperSpace, true);
     }
     if (!m_atZero)

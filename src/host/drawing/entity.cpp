@@ -6,6 +6,7 @@
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/table_index.h"
 #include "host/drawing/viewport.h"
+#include "store/group_codes.h"
 
 #include <algorithm>
 
@@ -16,10 +17,6 @@ ACRX_DEFINE_MEMBERS(AcDbViewport, AcDbEntity, u"VIEWPORT")
 namespace
 {
 
-constexpr int kLayer = 8;
-constexpr int kColor = 62;
-constexpr int kTrueColor = 420;
-constexpr int kColorName = 430;
 constexpr int kByLayer = 256;
 
 /// Where a common pair that is missing belongs: behind the layer, else at the head of the entity's pairs.
@@ -30,11 +27,11 @@ const char* placeForCommonPair(std::string_view text)
     OwnPairs pairs{text};
     for (Tag tag; pairs.next(tag);)
     {
-        if (tag.code == kLayer)
+        if (tag.code == dxf::kLayer)
             return tag.end;
-        if (tag.code == 100 && marker == nullptr)
+        if (tag.code == dxf::kClassMarker && marker == nullptr)
             marker = tag.end;
-        if (tag.code == 0 || tag.code == 5 || (tag.code == 330 && marker == nullptr))
+        if (tag.code == dxf::kType || tag.code == dxf::kHandle || (tag.code == dxf::kOwner && marker == nullptr))
             head = tag.end;
     }
     return marker != nullptr ? marker : head;
@@ -42,7 +39,7 @@ const char* placeForCommonPair(std::string_view text)
 
 bool isOldColor(int code)
 {
-    return code == kTrueColor || code == kColorName;
+    return code == dxf::kTrueColor || code == dxf::kColorName;
 }
 
 /// The text with one common pair replaced or added. A palette colour drives out the true colour.
@@ -65,7 +62,7 @@ std::string withCommonPair(std::string_view text, int code, std::string_view pai
             edit.replace(tag, pair);
             done = true;
         }
-        else if (code == kColor && isOldColor(tag.code))
+        else if (code == dxf::kColor && isOldColor(tag.code))
             edit.replace(tag, {});
         if (tag.end == place)
             edit.insert(place, pair);
@@ -133,7 +130,7 @@ std::u16string AcDbEntity::layer() const
         return m_layer.empty() ? u"0" : m_layer;
     OwnPairs own{pairs()};
     for (Tag tag; own.next(tag);)
-        if (tag.code == kLayer)
+        if (tag.code == dxf::kLayer)
             return decodeText(tag.word());
     return u"0";
 }
@@ -159,8 +156,8 @@ Acad::ErrorStatus AcDbEntity::setLayer(const char16_t* name, bool doSubents, boo
         return Acad::eOk;
     }
     TagWriter pair;
-    pair.text(kLayer, encodeText(name));
-    setPairs(withCommonPair(pairs(), kLayer, pair.view()));
+    pair.text(dxf::kLayer, encodeText(name));
+    setPairs(withCommonPair(pairs(), dxf::kLayer, pair.view()));
     if (doSubents)
         changeSubEntities(*this, [&](AcDbEntity& part) { part.setLayer(name); });
     return Acad::eOk;
@@ -172,7 +169,7 @@ int AcDbEntity::colorIndex() const
         return m_color;
     OwnPairs own{pairs()};
     for (Tag tag; own.next(tag);)
-        if (tag.code == kColor)
+        if (tag.code == dxf::kColor)
             return static_cast<int>(std::clamp<int64_t>(tag.integer(), 0, kByLayer));
     return kByLayer;
 }
@@ -189,8 +186,8 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(int index, bool doSubents)
         return Acad::eOk;
     }
     TagWriter pair;
-    pair.integer(kColor, index);
-    setPairs(withCommonPair(pairs(), kColor, pair.view()));
+    pair.integer(dxf::kColor, index);
+    setPairs(withCommonPair(pairs(), dxf::kColor, pair.view()));
     if (doSubents)
         changeSubEntities(*this, [&](AcDbEntity& part) { part.setColorIndex(index); });
     return Acad::eOk;
@@ -252,9 +249,9 @@ void AcDbEntity::encode(TagWriter& out) const
     out.text(100, "AcDbEntity");
     if (objectId().record()->has(ObjectRecord::kPaperSpace))
         out.integer(67, 1);
-    out.text(kLayer, encodeText(m_layer.empty() ? u"0" : m_layer));
+    out.text(dxf::kLayer, encodeText(m_layer.empty() ? u"0" : m_layer));
     if (m_color != kByLayer)
-        out.integer(kColor, m_color);
+        out.integer(dxf::kColor, m_color);
 }
 
 Acad::ErrorStatus AcDbCurve::getDistAtPoint(const AcGePoint3d& point, double& distance) const

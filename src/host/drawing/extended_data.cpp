@@ -6,19 +6,18 @@
 #include "host/drawing/table_index.h"
 #include "host/drawing/tags.h"
 #include "host/text.h"
+#include "store/group_codes.h"
 
 namespace
 {
 
-constexpr int kApplicationName = 1001;
-constexpr int kFirstXDataCode = 1000;
-
 bool isXDataCode(int code)
 {
-    return code >= kFirstXDataCode && code <= 1071;
+    return code >= dxf::kXString && code <= dxf::kLastCode;
 }
 
-enum class ValueKind
+/// What a node of a chain holds.
+enum class NodeKind
 {
     Text,
     Point,
@@ -28,22 +27,29 @@ enum class ValueKind
     None
 };
 
-/// What a group code's value is (DXF reference, group code ranges).
-ValueKind valueKind(int code)
+NodeKind nodeKind(int code)
 {
-    const auto within = [code](int first, int last) { return code >= first && code <= last; };
-    if (within(1010, 1013) || within(10, 18) || within(110, 112) || code == 210)
-        return ValueKind::Point;
-    if (within(38, 59) || within(140, 149) || within(1040, 1042) || within(460, 469))
-        return ValueKind::Real;
-    if (within(60, 79) || within(170, 179) || within(270, 299) || within(370, 389) || within(400, 409) || code == 1070)
-        return ValueKind::Short;
-    if (within(90, 99) || within(420, 429) || within(440, 459) || code == 1071)
-        return ValueKind::Long;
-    return isStringCode(code) || within(310, 369) || within(390, 399) || within(410, 419) || within(430, 439) ||
-                   within(470, 481)
-               ? ValueKind::Text
-               : ValueKind::None;
+    if (isStringCode(code))
+        return NodeKind::Text;
+    if (dxf::isFirstCoordinate(code))
+        return NodeKind::Point;
+    switch (dxf::kindOf(code))
+    {
+    case dxf::ValueKind::Real:
+        return NodeKind::Real;
+    case dxf::ValueKind::Int16:
+    case dxf::ValueKind::Bool:
+        return NodeKind::Short;
+    case dxf::ValueKind::Int32:
+        return NodeKind::Long;
+    case dxf::ValueKind::String:
+    case dxf::ValueKind::Handle:
+    case dxf::ValueKind::Chunk:
+    case dxf::ValueKind::Int64:
+    case dxf::ValueKind::None:
+        break;
+    }
+    return NodeKind::None;
 }
 
 } // namespace
@@ -55,7 +61,7 @@ std::string_view findXData(std::string_view pairs, std::u16string_view applicati
     const char* begin = nullptr;
     while (reader.next(tag))
     {
-        if (tag.code != kApplicationName)
+        if (tag.code != dxf::kXApplication)
             continue;
         if (begin != nullptr)
             return {begin, static_cast<size_t>(tag.begin - begin)};
@@ -87,26 +93,26 @@ resbuf* chainFromPairs(std::string_view pairs, const TextEncoding& encoding)
     Tag tag;
     while (reader.next(tag))
     {
-        const ValueKind kind = valueKind(tag.code);
-        if (kind == ValueKind::None)
+        const NodeKind kind = nodeKind(tag.code);
+        if (kind == NodeKind::None)
             continue;
         resbuf* node = acutNewRb(tag.code);
         if (node == nullptr)
             continue;
-        if (kind == ValueKind::Point)
+        if (kind == NodeKind::Point)
         {
             const AcGePoint3d point = reader.pointFrom(tag);
             node->resval.rpoint[0] = point.x;
             node->resval.rpoint[1] = point.y;
             node->resval.rpoint[2] = point.z;
         }
-        else if (kind == ValueKind::Real)
+        else if (kind == NodeKind::Real)
             node->resval.rreal = tag.real();
-        else if (kind == ValueKind::Short)
+        else if (kind == NodeKind::Short)
             node->resval.rint = static_cast<int16_t>(tag.integer());
-        else if (kind == ValueKind::Long)
+        else if (kind == NodeKind::Long)
             node->resval.rlong = static_cast<int32_t>(tag.integer());
-        else if (isStringCode(tag.code))
+        else
             node->resval.rstring = acutNewString(encoding.decode(tag.value).c_str());
         *link = node;
         link = &node->rbnext;
@@ -120,25 +126,24 @@ std::string pairsFromChain(const resbuf* chain, const TextEncoding& encoding)
     for (const resbuf* node = chain; node != nullptr; node = node->rbnext)
     {
         const int code = node->restype;
-        switch (valueKind(code))
+        switch (nodeKind(code))
         {
-        case ValueKind::Point:
+        case NodeKind::Point:
             out.point(code, {node->resval.rpoint[0], node->resval.rpoint[1], node->resval.rpoint[2]});
             break;
-        case ValueKind::Real:
+        case NodeKind::Real:
             out.real(code, node->resval.rreal);
             break;
-        case ValueKind::Short:
+        case NodeKind::Short:
             out.integer(code, node->resval.rint);
             break;
-        case ValueKind::Long:
+        case NodeKind::Long:
             out.integer(code, node->resval.rlong);
             break;
-        case ValueKind::Text:
-            if (isStringCode(code))
-                out.text(code, encoding.encode(node->resval.rstring != nullptr ? node->resval.rstring : u""));
+        case NodeKind::Text:
+            out.text(code, encoding.encode(node->resval.rstring != nullptr ? node->resval.rstring : u""));
             break;
-        case ValueKind::None:
+        case NodeKind::None:
             break;
         }
     }
@@ -158,7 +163,7 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain)
         return Acad::eNotInDatabase;
     if (!m_writing)
         return Acad::eNotOpenForWrite;
-    if (chain == nullptr || chain->restype != kApplicationName || chain->resval.rstring == nullptr)
+    if (chain == nullptr || chain->restype != dxf::kXApplication || chain->resval.rstring == nullptr)
         return Acad::eInvalidInput;
     for (const resbuf* node = chain; node != nullptr; node = node->rbnext)
         if (!isXDataCode(node->restype))

@@ -4,6 +4,7 @@
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/spline_edge.h"
 #include "host/drawing/subclass_markers.h"
+#include "store/group_codes.h"
 
 #include <algorithm>
 #include <array>
@@ -81,7 +82,7 @@ bool isCarriedKind(std::string_view kind)
 bool ForeignEntity::isLeftOut(int code) const
 {
     constexpr std::array kOwnOrSpace{0, 5, 67, 105, 410};
-    if (std::find(kOwnOrSpace.begin(), kOwnOrSpace.end(), code) != kOwnOrSpace.end() || isHandleReferenceCode(code))
+    if (std::find(kOwnOrSpace.begin(), kOwnOrSpace.end(), code) != kOwnOrSpace.end() || dxf::isReference(code))
         return true;
     const int version = m_values.target().version();
     if (version < kR2004 && oneOf(code, {420, 430, 440}))

@@ -1,5 +1,7 @@
 #include "host/drawing/pair_edit.h"
 
+#include "store/group_codes.h"
+
 PairEdit::PairEdit(std::string_view text) : m_text{text}, m_at{text.data()}
 {
     const size_t lineEnd = text.find('\n');
@@ -32,15 +34,12 @@ std::string PairEdit::take()
 
 bool OwnPairs::next(Tag& tag)
 {
-    constexpr int kEmbeddedObject = 101;
-    constexpr int kGroup = 102;
-    constexpr int kExtendedData = 1001;
     while (m_reader.next(tag))
     {
-        if (tag.code == kEmbeddedObject || tag.code == kExtendedData)
+        if (tag.code == dxf::kEmbeddedObject || tag.code == dxf::kXApplication)
             return false;
         m_at = tag.end;
-        if (tag.code != kGroup)
+        if (tag.code != dxf::kControl)
             return true;
         if (tag.word().starts_with('{'))
             skipGroup();
@@ -54,7 +53,7 @@ void OwnPairs::skipGroup()
     while (m_reader.next(tag))
     {
         m_at = tag.end;
-        if (tag.code == 102 && tag.word() == "}")
+        if (tag.code == dxf::kControl && tag.word() == "}")
             return;
     }
 }

@@ -1,21 +1,25 @@
 #include "host/drawing/resbuf.h"
 
 #include "host/app/ledger.h"
+#include "store/group_codes.h"
 
 #include <algorithm>
 #include <string_view>
 
 bool isStringCode(int restype)
 {
-    const auto between = [restype](int low, int high) { return restype >= low && restype <= high; };
-    return restype == -4 || restype == RTSTR || between(0, 9) || restype == 100 || restype == 102 || restype == 105 ||
-           between(300, 339) || between(999, 1009);
+    constexpr int kLastOwnedHandle = 339; // from here on a node holds no handle
+    if (restype == -4 || restype == RTSTR)
+        return true;
+    const dxf::ValueKind kind = dxf::kindOf(restype);
+    const bool isText =
+        kind == dxf::ValueKind::String || kind == dxf::ValueKind::Handle || kind == dxf::ValueKind::Chunk;
+    return isText && restype != dxf::kEmbeddedObject && (restype <= kLastOwnedHandle || restype >= dxf::kComment);
 }
 
 resbuf* acutNewRb(int type)
 {
-    constexpr int kLastGroupCode = 1071;
-    const bool isGroupCode = type >= -4 && type <= kLastGroupCode;
+    const bool isGroupCode = type >= -4 && type <= dxf::kLastCode;
     const bool isResultType = type >= RTNONE && type <= RTLONG;
     if (!isGroupCode && !isResultType)
         return nullptr;

@@ -3,19 +3,10 @@
 #include "host/drawing/curve_readers.h"
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/tags.h"
+#include "store/group_codes.h"
 
 namespace
 {
-
-constexpr int kToSecondCoordinate = 10;
-constexpr int kComment = 999;
-
-/// Codes of first coordinates, extended data included.
-bool isFirstCoordinate(int code)
-{
-    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || (code >= 210 && code <= 213) ||
-           (code >= 1010 && code <= 1013);
-}
 
 bool isNeeded(std::string_view kind, const Tag& tag)
 {
@@ -34,11 +25,11 @@ bool isSoundEntity(std::string_view kind, std::string_view pairs)
     int expected = 0;
     for (Tag tag; all.next(tag);)
     {
-        if (tag.code == kComment)
+        if (tag.code == dxf::kComment)
             continue;
         if (expected != 0 && tag.code != expected)
             return false;
-        expected = isFirstCoordinate(tag.code) ? tag.code + kToSecondCoordinate : 0;
+        expected = dxf::isFirstCoordinate(tag.code) ? tag.code + dxf::kToSecondCoordinate : 0;
     }
     bool complete = false;
     OwnPairs own{pairs}; // what stands in a group that an application never closed does not come along

@@ -170,15 +170,3 @@ void TagWriter::point(int group, const AcGePoint3d& value)
     real(group + 10, value.y);
     real(group + 20, value.z);
 }
-
-bool isTextCode(int code)
-{
-    return (code >= 0 && code <= 9 && code != 5) || code == 100 || code == 102 || (code >= 300 && code <= 309) ||
-           (code >= 410 && code <= 419) || (code >= 430 && code <= 439) || (code >= 470 && code <= 479) ||
-           code == 999 || code == 1000 || code == 1001 || code == 1002 || code == 1003 || code == 1006;
-}
-
-bool isHandleReferenceCode(int code)
-{
-    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 || code == 481 || code == 1005;
-}

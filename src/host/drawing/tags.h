@@ -69,8 +69,3 @@ private:
 
     std::string m_text;
 };
-
-/// Whether the values of a group code are text in the drawing's encoding (names, strings), not numbers or handles.
-bool isTextCode(int code);
-/// Whether the values of a group code are handles of other objects (320 to 369, 390 to 399, 480, 481, 1005).
-bool isHandleReferenceCode(int code);
