@@ -4,6 +4,7 @@
 #include "console/report_parts.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
+#include "files/drawing_names.h"
 #include "files/dwg/temp_folder.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
@@ -195,12 +196,6 @@ void checkRows(CheckReport& report, const std::vector<RowFile>& rowFiles, bool n
         }
 }
 
-bool isDrawingFile(const fs::path& path)
-{
-    const std::u16string extension = toUtf16(path.extension().string());
-    return equalNoCase(extension, u".dxf") || equalNoCase(extension, u".dwg");
-}
-
 /// Drawing files beside the library and the table, and in their `symbols` folders, that no row leads to.
 void checkUnusedFiles(CheckReport& report, const Program& program, const std::vector<RowFile>& rowFiles)
 {
@@ -220,7 +215,8 @@ void checkUnusedFiles(CheckReport& report, const Program& program, const std::ve
         forEachFile(folder,
                     [&](const fs::path& file)
                     {
-                        if (std::string path = realPath(file); isDrawingFile(file) && !used.contains(path))
+                        if (std::string path = realPath(file);
+                            files::isDrawingName(file.string()) && !used.contains(path))
                             unused.insert(std::move(path));
                     });
     report.unusedFiles.assign(unused.begin(), unused.end());

@@ -1,5 +1,7 @@
 #include "console/check_report.h"
 
+#include "console/shown_text.h"
+
 #include <array>
 
 namespace console
@@ -103,8 +105,8 @@ std::string featuresText(const CheckReport& report)
         text += names.empty() ? "" : std::string{kKinds[kind].title} + ":\n";
         for (const auto& [name, counts] : names)
             for (const auto& [file, count] : counts)
-                text +=
-                    "  " + toUtf8(name) + " (" + std::to_string(count) + "): " + fileText(file, report.files) + "\n";
+                text += shownLine("  " + toUtf8(name) + " (" + std::to_string(count) +
+                                  "): " + fileText(file, report.files));
     }
     return text;
 }
@@ -115,7 +117,7 @@ std::string listText(const char* title, const List& list, LineOf lineOf)
 {
     std::string text = list.empty() ? "" : std::string{title} + ":\n";
     for (const auto& element : list)
-        text += "  " + lineOf(element) + "\n";
+        text += shownLine("  " + lineOf(element));
     return text;
 }
 
@@ -159,8 +161,8 @@ Json CheckReport::json() const
 
 std::string CheckReport::text() const
 {
-    std::string text =
-        drawing + (library.empty() ? "" : ", library " + library) + (table.empty() ? "" : ", table " + table) + "\n";
+    std::string text = shownLine(drawing + (library.empty() ? "" : ", library " + library) +
+                                 (table.empty() ? "" : ", table " + table));
     text += listText("Alignments", alignments,
                      [](const auto& each) { return each.first + ": " + std::to_string(each.second) + " sections"; });
     text += featuresText(*this);

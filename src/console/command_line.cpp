@@ -1,21 +1,13 @@
 #include "console/command_line.h"
 
-#include "console/check.h"
-#include "console/drawing_json.h"
-#include "console/dss_session.h"
-#include "console/plan.h"
-#include "console/progress.h"
-#include "console/report_parts.h"
-#include "console/rows_json.h"
-#include "console/script_runner.h"
-#include "console/symbol_folders.h"
-#include "files/file_bytes.h"
-#include "sections/database_cs.h"
-#include "sections/scan.h"
+#include "console/command_words.h"
+#include "console/commands.h"
+#include "console/shown_text.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
+#include <sstream>
 
 namespace console
 {
@@ -33,6 +25,13 @@ constexpr const char* kFooter =
     "  veloxa draw road.dxf -o drawn.dxf --library road.dv    draw all sections of the first alignment\n"
     "  veloxa erase drawn.dxf -o clean.dxf                    take it all back\n"
     "Exit status: 0 done, 1 could not be done (standard error says why), 2 wrong usage.";
+
+/// What the user typed is no usage of the program: exit status 2.
+class WrongUsage : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
 
 void addSettings(CLI::App& command, CommonOptions& options)
 {
@@ -58,262 +57,239 @@ void addCommon(CLI::App& command, CommonOptions& options)
                "folder in which symbol files are looked for by name (may be given more than once)");
 }
 
-void scan(const CommonOptions& options, bool nearby)
+void addOutput(CLI::App& command, DrawOptions& options)
 {
-    const Progress progress{"scanning " + options.drawing};
-    Program program{options};
-    program.open(options.drawing);
-    ScanCrossSections(g_DatabaseCS);
-    if (nearby)
-        program.command(u"ZE");
-    if (options.json)
-        std::cout << oneLine(rowsJson(g_DatabaseCS, options.drawing)) << '\n';
-    else
-        std::cout << rowsText(g_DatabaseCS);
+    addCommon(command, options.common);
+    command.add_option("-o", options.output, "where the result is saved (.dxf); may be the drawing itself")
+        ->required()
+        ->type_name("OUT");
 }
 
-void info(const CommonOptions& options)
+void addAlignment(CLI::App& command, DrawOptions& options, const char* description)
 {
-    Program program{options};
-    AcDbDatabase& database = *program.open(options.drawing)->database();
-    const Json json = infoJson(database, options.drawing, std::filesystem::file_size(options.drawing));
-    std::cout << (options.json ? oneLine(json) + "\n" : infoText(json));
+    command.add_option("--alignment", options.alignment, description)->type_name("NAME");
 }
 
-void script(const std::string& file, const CommonOptions& options)
+void addLibrary(CLI::App& command, DrawOptions& options)
 {
-    const FileText text = files::readFile(file);
-    Program program{options};
-    if (!options.drawing.empty())
-        program.open(options.drawing);
-    ScriptRunner{program, parseScript(text.view()), std::cout}.run();
+    command.add_option("--library", options.library, "feature library that gives names and codes their symbols")
+        ->type_name("FILE.dv");
 }
 
-/// What the user wants of the list of symbol folders.
-struct FolderChanges
+CLI::Option* addTable(CLI::App& command, TableOptions& options)
 {
-    std::vector<std::string> added;
-    std::vector<std::string> removed;
-};
-
-void symbolFolders(const FolderChanges& changes, const CommonOptions& options)
-{
-    SymbolFolderList list{settingsFolderOf(options)};
-    for (const std::string& folder : changes.removed)
-        list.remove(folder);
-    for (const std::string& folder : changes.added)
-        list.add(folder);
-    if (!changes.added.empty() || !changes.removed.empty())
-        list.save();
-    if (options.json)
-        std::cout << oneLine({{"file", list.file()}, {"folders", list.folders()}}) << '\n';
-    else
-        for (const std::string& folder : list.folders())
-            std::cout << folder << (std::filesystem::is_directory(folder) ? "\n" : "  (no such folder now)\n");
+    return command.add_option("--table", options.table, "the plan feature-code table")->type_name("FILE.dvbd");
 }
 
-void print(const Report& report, bool json)
+void addNearby(CLI::App& command, bool& nearby)
 {
-    std::cout << (json ? oneLine(report.json()) + "\n" : report.text());
+    command.add_flag("--nearby", nearby, "look for objects near each section too");
 }
 
-void check(const std::string& table, const DrawOptions& options)
+void addStrict(CLI::App& command, DrawOptions& options)
 {
-    const CheckReport report = checkDrawing(table, options);
-    std::cout << (options.common.json ? oneLine(report.json()) + "\n" : report.text());
-    failWhenStrict(report.unreadable(), options.strict);
+    command.add_flag("--strict", options.strict, "fail when a symbol file is missing or cannot be read");
 }
 
-void comesLater(const std::string& what)
+void declareScan(CLI::App& command, ScanOptions& options)
 {
-    throw Failure{what + " is not part of this version yet"};
+    addCommon(command, options.common);
+    addNearby(command, options.nearby);
 }
 
-/// Everything the command line can say.
-class Arguments
+void declareDraw(CLI::App& command, DrawOptions& options)
+{
+    addOutput(command, options);
+    addAlignment(command, options, "the alignment to draw; the first by default");
+    command.add_option("--sections", options.sections, "all, or positions counted from 1, such as 1,3-5")
+        ->type_name("LIST");
+    addLibrary(command, options);
+    addNearby(command, options.nearby);
+    addStrict(command, options);
+}
+
+void declareErase(CLI::App& command, DrawOptions& options)
+{
+    addOutput(command, options);
+    addAlignment(command, options, "the alignment; the first by default");
+}
+
+void declarePlan(CLI::App& command, TableOptions& options)
+{
+    addOutput(command, options.draw);
+    addTable(command, options)->required();
+    addStrict(command, options.draw);
+}
+
+void declareCheck(CLI::App& command, TableOptions& options)
+{
+    addCommon(command, options.draw.common);
+    addLibrary(command, options.draw);
+    addTable(command, options);
+    addAlignment(command, options.draw, "the alignment to check; all by default");
+    addNearby(command, options.draw.nearby);
+    addStrict(command, options.draw);
+}
+
+void declareScript(CLI::App& command, ScriptOptions& options)
+{
+    command.add_option("file", options.file, "the script, one action a line")->required();
+    addCommon(command, options.common);
+    command.get_option("drawing")->required(false);
+}
+
+void declareFolders(CLI::App& command, FolderOptions& options)
+{
+    addSettings(command, options.common);
+    addFolders(command, "--add", options.added, "folder to put into the list (may be given more than once)");
+    addFolders(command, "--remove", options.removed, "folder to take out of it, before any is put in");
+}
+
+/// Everything the command line can say: each command with its own options and what runs it.
+class CommandLine
 {
 public:
-    Arguments() : m_app{kDescription, "veloxa"}
+    CommandLine() : m_app{kDescription, "veloxa"}
     {
         m_app.footer(kFooter);
         m_app.set_version_flag("--version", VELOXA_VERSION);
         m_app.require_subcommand(0, 1);
         m_app.add_option("drawings", m_drawings, "drawings to open in the window");
-        addScan();
-        addDraw();
-        addErase();
-        addScript();
-        addInfo();
-        addPlan();
-        addFolderList();
-        addCheck();
+        add("scan", "list the alignments, their cross-sections and the rows found on each", declareScan, runScan);
+        add("draw", "draw the features onto the cross-sections and the plan", declareDraw, runDraw);
+        add("erase", "erase what was drawn for all sections of an alignment", declareErase, runErase);
+        add("script", "play a script: commands, clicks and typing without a display", declareScript, runScript);
+        add("info", "version, sizes, counts of entities by type and layer, blocks", addCommon, runInfo);
+        add("plan", "place symbols at all coded survey points of the plan", declarePlan, runPlan);
+        add("folders", "show and change the list of folders in which symbol files are always looked for",
+            declareFolders, runFolders);
+        add("check", "tell what is missing before drawing: symbol files, rows, ground lines", declareCheck, runCheck);
         addLater("render", "a picture of the drawing");
+        addHelp();
     }
 
-    CLI::App& app() { return m_app; }
-    void run()
+    /// Takes the words of the command line and does what they say.
+    void run(int argc, char** argv)
     {
+        if (argc < 2)
+            throw WrongUsage{"no command (\"veloxa help\" lists them)"};
+        if (const std::string first = argv[1]; !first.starts_with('-') && !isFileWord(first))
+            find(first);
+        m_app.parse(argc, argv);
         if (m_action)
             m_action();
         else
-            comesLater("the desktop window");
+            openWindow();
+    }
+
+    /// Prints what ended the reading of the words, a help text or a mistake in them; answers the exit status.
+    int tell(const CLI::ParseError& end) const
+    {
+        std::ostringstream message;
+        const bool asked = m_app.exit(end, std::cout, message) == 0;
+        std::cerr << shownText(message.str());
+        return asked ? 0 : 2;
     }
 
 private:
-    CLI::App& add(const char* name, const char* description, std::function<void()> action)
+    template <class Options>
+    void add(const char* name, const char* description, void (*declare)(CLI::App&, Options&),
+             void (*action)(const Options&))
     {
         CLI::App& command = *m_app.add_subcommand(name, description);
-        command.callback([this, action = std::move(action)] { m_action = action; });
-        return command;
-    }
-
-    void addScan()
-    {
-        CLI::App& command = add("scan", "list the alignments, their cross-sections and the rows found on each",
-                                [this] { scan(m_options.common, m_options.nearby); });
-        addCommon(command, m_options.common);
-        command.add_flag("--nearby", m_options.nearby, "look for objects near each section too");
-    }
-
-    void addOutput(CLI::App& command)
-    {
-        addCommon(command, m_options.common);
-        command.add_option("-o", m_options.output, "where the result is saved; may be the drawing itself")
-            ->required()
-            ->type_name("OUT");
-    }
-
-    void addDraw()
-    {
-        CLI::App& command = add("draw", "draw the features onto the cross-sections and the plan",
-                                [this]
-                                {
-                                    const Progress progress{"drawing " + m_options.common.drawing};
-                                    print(drawDrawing(m_options), m_options.common.json);
-                                });
-        addOutput(command);
-        command.add_option("--alignment", m_options.alignment, "the alignment to draw; the first by default")
-            ->type_name("NAME");
-        command.add_option("--sections", m_options.sections, "all, or positions counted from 1, such as 1,3-5")
-            ->type_name("LIST");
-        command.add_option("--library", m_options.library, "feature library that gives names and codes their symbols")
-            ->type_name("FILE.dv");
-        command.add_flag("--nearby", m_options.nearby, "look for objects near each section first");
-        command.add_flag("--strict", m_options.strict, "fail when a symbol file is missing or cannot be read");
-    }
-
-    void addErase()
-    {
-        CLI::App& command = add("erase", "erase what was drawn for all sections of an alignment",
-                                [this]
-                                {
-                                    const Progress progress{"erasing in " + m_options.common.drawing};
-                                    print(eraseDrawing(m_options), m_options.common.json);
-                                });
-        addOutput(command);
-        command.add_option("--alignment", m_options.alignment, "the alignment; the first by default")
-            ->type_name("NAME");
-    }
-
-    void addPlan()
-    {
-        CLI::App& command = add("plan", "place symbols at all coded survey points of the plan",
-                                [this]
-                                {
-                                    const Progress progress{"placing symbols in " + m_options.common.drawing};
-                                    print(planDrawing(m_plan, m_options), m_options.common.json);
-                                });
-        addOutput(command);
-        command.add_option("--table", m_plan, "the plan feature-code table")->required()->type_name("FILE.dvbd");
-        command.add_flag("--strict", m_options.strict, "fail when a symbol file is missing or cannot be read");
-    }
-
-    void addScript()
-    {
-        CLI::App& command = add("script", "play a script: commands, clicks and typing without a display",
-                                [this] { script(m_script, m_options.common); });
-        command.add_option("file", m_script, "the script, one action a line")->required();
-        addCommon(command, m_options.common);
-        command.get_option("drawing")->required(false);
-    }
-
-    void addInfo()
-    {
-        CLI::App& command = add("info", "version, sizes, counts of entities by type and layer, blocks",
-                                [this] { info(m_options.common); });
-        addCommon(command, m_options.common);
-    }
-
-    void addCheck()
-    {
-        CLI::App& command = add("check", "tell what is missing before drawing: symbol files, rows, ground lines",
-                                [this]
-                                {
-                                    const Progress progress{"checking " + m_options.common.drawing};
-                                    check(m_plan, m_options);
-                                });
-        addCommon(command, m_options.common);
-        command.add_option("--library", m_options.library, "feature library that gives names and codes their symbols")
-            ->type_name("FILE.dv");
-        command.add_option("--table", m_plan, "plan feature-code table")->type_name("FILE.dvbd");
-        command.add_option("--alignment", m_options.alignment, "the alignment to check; all by default")
-            ->type_name("NAME");
-        command.add_flag("--nearby", m_options.nearby, "look for objects near each section too");
-        command.add_flag("--strict", m_options.strict, "fail when a symbol file is missing or cannot be read");
-    }
-
-    void addFolderList()
-    {
-        CLI::App& command =
-            add("folders", "show and change the list of folders in which symbol files are always looked for",
-                [this] { symbolFolders(m_folders, m_options.common); });
-        addSettings(command, m_options.common);
-        addFolders(command, "--add", m_folders.added, "folder to put into the list (may be given more than once)");
-        addFolders(command, "--remove", m_folders.removed, "folder to take out of it, before any is put in");
+        const auto options = std::make_shared<Options>();
+        declare(command, *options);
+        command.callback([this, options, action] { m_action = [options, action] { action(*options); }; });
     }
 
     void addLater(const char* name, const char* description)
     {
-        CLI::App& command = add(name, description, [name] { comesLater(std::string{"veloxa "} + name); });
+        CLI::App& command = *m_app.add_subcommand(name, description);
         command.allow_extras();
+        command.callback([this, name] { m_action = [name] { comesLater(std::string{"veloxa "} + name); }; });
+    }
+
+    void addHelp()
+    {
+        CLI::App& command = *m_app.add_subcommand("help", "this text, or all about one command");
+        const auto topic = std::make_shared<std::string>();
+        command.add_option("command", *topic, "the command");
+        command.callback([this, topic] { m_action = [this, topic] { std::cout << helpOn(*topic); }; });
+    }
+
+    std::string helpOn(const std::string& topic)
+    {
+        if (!topic.empty())
+            return find(topic).help(m_app.get_name());
+        // The program's own help() would give that of the command that is running: "help".
+        return m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal);
+    }
+
+    [[noreturn]] static void comesLater(const std::string& what)
+    {
+        throw Failure{what + " is not part of this version yet"};
+    }
+
+    void openWindow() const
+    {
+        for (const std::string& drawing : m_drawings)
+            if (std::error_code error; !std::filesystem::exists(drawing, error))
+                throw Failure{drawing + ": no such file"};
+        comesLater("the desktop window");
+    }
+
+    CLI::App& find(const std::string& name)
+    {
+        std::vector<std::string> names;
+        for (CLI::App* command : m_app.get_subcommands([](CLI::App*) { return true; }))
+        {
+            if (command->get_name() == name)
+                return *command;
+            names.push_back(command->get_name());
+        }
+        throw WrongUsage{"unknown command \"" + name + "\"; the nearest is \"" + nearestWord(name, names) +
+                         "\" (\"veloxa help\" lists all)"};
     }
 
     CLI::App m_app;
-    DrawOptions m_options;
     std::vector<std::string> m_drawings;
-    std::string m_script;
-    std::string m_plan;
-    FolderChanges m_folders;
     std::function<void()> m_action;
 };
+
+/// One line on standard error.
+int failed(std::string_view reason, int status)
+{
+    std::cerr << shownLine("veloxa: " + std::string{reason});
+    return status;
+}
 
 } // namespace
 
 int runCommandLine(int argc, char** argv)
 {
-    Arguments arguments;
+    CommandLine commandLine;
     try
     {
-        arguments.app().parse(argc, argv);
-        arguments.run();
+        commandLine.run(argc, argv);
         std::cout.flush();
-        if (!std::cout)
-            throw Failure{"standard output could not be written"};
-        return 0;
+        return std::cout ? 0 : failed("standard output could not be written", 1);
     }
-    catch (const CLI::ParseError& error)
+    catch (const CLI::ParseError& end)
     {
-        return arguments.app().exit(error) == 0 ? 0 : 2;
+        return commandLine.tell(end);
+    }
+    catch (const WrongUsage& wrong)
+    {
+        return failed(wrong.what(), 2);
     }
     catch (const std::bad_alloc&)
     {
-        std::cerr << "veloxa: not enough memory\n";
+        return failed("not enough memory", 1);
     }
     catch (const std::exception& error)
     {
-        std::cerr << "veloxa: " << error.what() << '\n';
+        return failed(error.what(), 1);
     }
-    return 1;
 }
 
 } // namespace console

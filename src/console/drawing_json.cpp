@@ -1,5 +1,6 @@
 #include "console/drawing_json.h"
 
+#include "console/shown_text.h"
 #include "files/dxf/version.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
@@ -26,7 +27,7 @@ std::string listText(const Json& counts)
 {
     std::string text;
     for (const auto& [name, count] : counts.items())
-        text += "  " + std::to_string(count.get<size_t>()) + "  " + name + "\n";
+        text += shownLine("  " + std::to_string(count.get<size_t>()) + "  " + name);
     return text;
 }
 
@@ -74,14 +75,16 @@ Json infoJson(AcDbDatabase& database, const std::string& path, size_t bytes)
 
 std::string infoText(const Json& info)
 {
-    std::string text = info["drawing"].get<std::string>() + ": version " + info["version"].get<std::string>() + ", " +
-                       std::to_string(info["bytes"].get<size_t>()) + " bytes, " +
-                       std::to_string(info["objects"].get<size_t>()) + " objects\n";
+    std::string text =
+        shownLine(info["drawing"].get<std::string>() + ": version " + info["version"].get<std::string>() + ", " +
+                  std::to_string(info["bytes"].get<size_t>()) + " bytes, " +
+                  std::to_string(info["objects"].get<size_t>()) + " objects");
     text += "Entities of model space by type:\n" + listText(info["types"]);
     text += "By layer:\n" + listText(info["layers"]);
     text += "Blocks (with their entities):\n";
     for (const Json& block : info["blocks"])
-        text += "  " + std::to_string(block["entities"].get<size_t>()) + "  " + block["name"].get<std::string>() + "\n";
+        text +=
+            shownLine("  " + std::to_string(block["entities"].get<size_t>()) + "  " + block["name"].get<std::string>());
     return text;
 }
 

@@ -1,5 +1,6 @@
 #include "console/program.h"
 
+#include "console/shown_text.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
 #include "frame/entry/module.h"
@@ -44,7 +45,7 @@ std::string programFolder()
 
 Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m_frontEnd, sessionOptions(options)}
 {
-    m_frontEnd.onMessage = [](const std::u16string& text) { std::cerr << toUtf8(text) << '\n'; };
+    m_frontEnd.onMessage = [](const std::u16string& text) { std::cerr << shownText(toUtf8(text) + "\n"); };
     m_session.loadModule(&acrxEntryPoint, programFolder() + "/Veloxa.arx");
 }
 

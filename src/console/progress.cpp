@@ -1,5 +1,7 @@
 #include "console/progress.h"
 
+#include "console/shown_text.h"
+
 #include <chrono>
 #include <cstdio>
 #include <unistd.h>
@@ -7,7 +9,7 @@
 namespace console
 {
 
-Progress::Progress(std::string what) : m_what{std::move(what)}
+Progress::Progress(const std::string& what) : m_what{shownText(what)}
 {
     if (isatty(STDERR_FILENO) != 0)
         m_thread = std::thread{[this] { show(); }};

@@ -13,7 +13,7 @@ namespace console
 class Progress
 {
 public:
-    explicit Progress(std::string what);
+    explicit Progress(const std::string& what);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();

@@ -1,5 +1,7 @@
 #include "console/report.h"
 
+#include "console/shown_text.h"
+
 namespace console
 {
 
@@ -15,7 +17,7 @@ std::string sectionText(const SectionReport& section, bool drawn)
         text += std::to_string(section.blocks) + " symbols, " + std::to_string(section.labels) + " labels";
     if (!section.withoutGround.empty())
         text += "; no ground under " + joined(section.withoutGround);
-    return text + "\n";
+    return shownLine(text);
 }
 
 } // namespace
@@ -48,7 +50,7 @@ Json Report::json() const
 
 std::string Report::text() const
 {
-    std::string text = drawing + " -> " + output + (alignment ? ", alignment " + *alignment : std::string{}) + "\n";
+    std::string text = shownLine(drawing + " -> " + output + (alignment ? ", alignment " + *alignment : std::string{}));
     for (const SectionReport& section : sections)
         text += sectionText(section, placed.has_value());
     text += "In all: " + (placed ? std::to_string(*placed) + " placed, " : std::string{}) + std::to_string(erased) +
@@ -56,11 +58,11 @@ std::string Report::text() const
     if (!withoutSymbol.empty())
         text += "Without a symbol file:\n";
     for (const auto& [name, count] : withoutSymbol)
-        text += "  " + name + " (" + std::to_string(count) + ")\n";
+        text += shownLine("  " + name + " (" + std::to_string(count) + ")");
     if (!unreadable.empty())
         text += "Symbol files that could not be read:\n";
     for (const auto& [path, reason] : unreadable)
-        text += "  " + path + ": " + reason + "\n";
+        text += shownLine("  " + path + ": " + reason);
     return text + notesText(notes);
 }
 
@@ -76,7 +78,7 @@ std::string notesText(const std::vector<std::string>& notes)
 {
     std::string text;
     for (const std::string& note : notes)
-        text += "Note: " + note + "\n";
+        text += shownLine("Note: " + note);
     return text;
 }
 

@@ -1,5 +1,7 @@
 #include "console/row_file.h"
 
+#include "console/program.h"
+#include "files/drawing_names.h"
 #include "files/file_bytes.h"
 #include "plan/feature_table.h"
 #include "settings/library_lines.h"
@@ -19,12 +21,47 @@ namespace
 
 constexpr size_t kLongestQuote = 80;
 
-TextLines linesOf(const std::string& path)
+/// A file of rows by its kind: what it is called and how its name ends.
+struct RowFileKind
 {
-    return DecodeTextLines(std::string{files::readFile(path).view()});
+    const char* name;
+    const char* ending;
+};
+constexpr RowFileKind kLibrary{"a feature library", "dv"};
+constexpr RowFileKind kTable{"a plan table", "dvbd"};
+
+bool isMarker(const std::u16string& line)
+{
+    constexpr std::array kMarked{kSymbolTable, kSectionFcodeTable, kPlanFcodeTable};
+    return std::any_of(kMarked.begin(), kMarked.end(),
+                       [&](LibraryTable table) { return equalNoCase(line, MarkerOf(table)); });
 }
 
-std::string quoted(std::u16string_view text)
+/// What the lines are by their content; null when that does not say.
+const RowFileKind* kindOf(const TextLines& lines)
+{
+    if (std::any_of(lines.begin(), lines.end(), isMarker))
+        return &kLibrary;
+    const auto isRow = [](const std::u16string& line) { return ParseFeatureRow(line).has_value(); };
+    return std::any_of(lines.begin(), lines.end(), isRow) ? &kTable : nullptr;
+}
+
+/// The lines of a file that has to be of `kind`. Failure when it is another one by its name or by what it holds.
+TextLines linesOf(const std::string& path, const RowFileKind& kind)
+{
+    const FileText file = files::readFile(path);
+    const std::string no = path + ": is not " + kind.name + " (." + kind.ending + ") but ";
+    if (files::isDrawing(file.view()))
+        throw Failure{no + "a drawing"};
+    TextLines lines = DecodeTextLines(std::string{file.view()});
+    if (const RowFileKind* found = kindOf(lines); found != nullptr && found != &kind)
+        throw Failure{no + found->name};
+    if (!files::endingOf(path).empty() && !files::hasEnding(path, kind.ending))
+        throw Failure{path + ": is not " + kind.name + ": give a name that ends in ." + kind.ending};
+    return lines;
+}
+
+std::string inQuotes(std::u16string_view text)
 {
     const bool cut = text.size() > kLongestQuote;
     return "\"" + toUtf8(text.substr(0, kLongestQuote)) + (cut ? "..." : "") + "\"";
@@ -40,13 +77,14 @@ public:
     {
         if (!m_keys.insert(key).second)
         {
-            m_file.problems.push_back("a second row for " + quoted(key) + " in " + titleOf(m_kind) + " does not count");
+            m_file.problems.push_back("a second row for " + inQuotes(key) + " in " + titleOf(m_kind) +
+                                      " does not count");
             return;
         }
         m_file.rows.push_back({m_kind, key, symbol});
         for (const std::u16string& number : numbers)
         {
-            const std::string place = "row " + quoted(key) + " of " + titleOf(m_kind) + ": " + quoted(number);
+            const std::string place = "row " + inQuotes(key) + " of " + titleOf(m_kind) + ": " + inQuotes(number);
             if (!StartsWithReal(number) && !(number.empty() && m_kind == kTableCodes))
                 m_file.problems.push_back(place + " is no number and counts as 0");
             else if (!std::isfinite(ToReal(number)))
@@ -57,7 +95,7 @@ public:
     void addBroken(const std::u16string& line)
     {
         if (!TrimSpace(line).empty())
-            m_file.problems.push_back("the line " + quoted(line) + " of " + titleOf(m_kind) +
+            m_file.problems.push_back("the line " + inQuotes(line) + " of " + titleOf(m_kind) +
                                       " does not hold the fields of a row and does not count");
     }
 
@@ -98,7 +136,7 @@ std::vector<FileRow> RowFile::unused(const FeatureCounts& features) const
 RowFile readLibraryRows(const std::string& path)
 {
     RowFile file;
-    const LibraryLines sections = SplitSections(linesOf(path), GeneralSection::kNone);
+    const LibraryLines sections = SplitSections(linesOf(path, kLibrary), GeneralSection::kNone);
     for (const auto& [table, kind] : kLibraryKinds)
     {
         RowCollector rows{file, kind};
@@ -116,7 +154,7 @@ RowFile readTableRows(const std::string& path)
 {
     RowFile file;
     RowCollector rows{file, kTableCodes};
-    for (const std::u16string& line : linesOf(path))
+    for (const std::u16string& line : linesOf(path, kTable))
         if (const auto row = ParseFeatureRow(line))
             rows.add(row->code, row->file, {row->scaleX, row->scaleY, row->rotation});
         else

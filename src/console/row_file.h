@@ -29,7 +29,8 @@ struct RowFile
     std::vector<FileRow> unused(const FeatureCounts& features) const;
 };
 
-/// Both throw FileError when the file cannot be read.
+/// Both throw FileError when the file cannot be read, and Failure when it is of another kind (a drawing, the other one
+/// of the two), by its name or by what it holds.
 RowFile readLibraryRows(const std::string& path);
 RowFile readTableRows(const std::string& path);
 

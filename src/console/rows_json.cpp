@@ -1,5 +1,6 @@
 #include "console/rows_json.h"
 
+#include "console/shown_text.h"
 #include "sections/database_cs.h"
 
 #include <cstdio>
@@ -94,16 +95,17 @@ std::string rowsText(const DatabaseCS& database)
     std::string text;
     for (const ItemReferenceLine& line : database.m_listReferenceLines)
     {
-        text += toUtf8(line.m_strName) + ": " + std::to_string(line.m_listCrossSections.size()) + " cross-sections\n";
+        text += shownLine(toUtf8(line.m_strName) + ": " + std::to_string(line.m_listCrossSections.size()) +
+                          " cross-sections");
         for (const CrossSectionXdata& section : line.m_listCrossSections)
         {
-            text += "  " + toUtf8(section.m_strName) + "\n";
+            text += shownLine("  " + toUtf8(section.m_strName));
             for (const BlockData& row : section.m_listBlockData1)
-                text += symbolText("nearby  ", row) + "\n";
+                text += shownLine(symbolText("nearby  ", row));
             for (const BlockData& row : section.m_listBlockData2)
-                text += symbolText("crossing", row) + "\n";
+                text += shownLine(symbolText("crossing", row));
             for (const BlockFcode& row : section.m_listBlockFcode1)
-                text += "    point     " + toUtf8(row.m_strFcode) + "  at " + shown(row.m_dOffset) + "\n";
+                text += shownLine("    point     " + toUtf8(row.m_strFcode) + "  at " + shown(row.m_dOffset));
         }
     }
     return text.empty() ? "The drawing has no alignment.\n" : text;

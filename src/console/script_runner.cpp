@@ -4,6 +4,7 @@
 #include "console/drawing_json.h"
 #include "console/report_parts.h"
 #include "console/rows_json.h"
+#include "console/shown_text.h"
 #include "host/ui/dialog.h"
 #include "sections/database_cs.h"
 
@@ -126,7 +127,7 @@ void ScriptRunner::tellSilentFailures(size_t line)
         failures.push_back(unreadableNote(symbol.reason));
     for (const std::string& failure : failures)
         if (m_told.insert(failure).second)
-            std::cerr << "line " << line << ": " << failure << '\n';
+            std::cerr << shownLine("line " + std::to_string(line) + ": " + failure);
 }
 
 CDialog& ScriptRunner::dialog() const

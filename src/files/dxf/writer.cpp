@@ -1,11 +1,10 @@
 #include "files/dxf/writer.h"
 
-#include "files/error.h"
+#include "files/drawing_names.h"
 #include "files/file_bytes.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
 #include "host/drawing/tags.h"
-#include "host/text.h"
 
 #include <algorithm>
 
@@ -140,8 +139,7 @@ void DrawingPieces::assemble(std::string_view file)
 
 void DxfWriter::write(AcDbDatabase& database, const std::string& path)
 {
-    if (path.size() > 4 && equalNoCase(toUtf16(path.substr(path.size() - 4)), u".dwg"))
-        throw FileError{path, "drawings are saved as DXF: give a name that ends in .dxf"};
+    requireDrawingOutput(path);
     const DrawingPieces drawing{database};
     replaceFile(path, drawing.pieces(), true);
 }

@@ -1,0 +1,143 @@
+#include "console/commands.h"
+
+#include "console/check.h"
+#include "console/drawing_json.h"
+#include "console/plan.h"
+#include "console/progress.h"
+#include "console/report_parts.h"
+#include "console/rows_json.h"
+#include "console/script_runner.h"
+#include "console/shown_text.h"
+#include "console/symbol_folders.h"
+#include "files/drawing_names.h"
+#include "files/file_bytes.h"
+#include "sections/database_cs.h"
+#include "sections/scan.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace console
+{
+
+namespace
+{
+
+void print(const Json& json)
+{
+    std::cout << oneLine(json) << '\n';
+}
+
+void print(const std::string& text)
+{
+    std::cout << shownText(text);
+}
+
+template <class AnyReport>
+void print(const AnyReport& report, bool json)
+{
+    json ? print(report.json()) : print(report.text());
+}
+
+/// The user's folders for symbol files have to be there; those that are added to them need not.
+void requireFolders(const CommonOptions& options)
+{
+    for (const std::string& folder : options.symbolFolders)
+        if (std::error_code error; !std::filesystem::is_directory(folder, error))
+            throw Failure{folder + (std::filesystem::exists(folder, error) ? ": is not a folder" : ": no such folder")};
+}
+
+void requireNames(const DrawOptions& options)
+{
+    requireFolders(options.common);
+    files::requireDrawingOutput(options.output);
+}
+
+std::string foldersText(const std::vector<std::string>& folders)
+{
+    std::string text;
+    for (const std::string& folder : folders)
+        text += shownLine(folder + (std::filesystem::is_directory(folder) ? "" : "  (no such folder now)"));
+    return text;
+}
+
+} // namespace
+
+void runScan(const ScanOptions& options)
+{
+    const std::string& drawing = options.common.drawing;
+    const Progress progress{"scanning " + drawing};
+    requireFolders(options.common);
+    Program program{options.common};
+    program.open(drawing);
+    ScanCrossSections(g_DatabaseCS);
+    if (options.nearby)
+        program.command(u"ZE");
+    options.common.json ? print(rowsJson(g_DatabaseCS, drawing)) : print(rowsText(g_DatabaseCS));
+}
+
+void runDraw(const DrawOptions& options)
+{
+    const Progress progress{"drawing " + options.common.drawing};
+    requireNames(options);
+    print(drawDrawing(options), options.common.json);
+}
+
+void runErase(const DrawOptions& options)
+{
+    const Progress progress{"erasing in " + options.common.drawing};
+    requireNames(options);
+    print(eraseDrawing(options), options.common.json);
+}
+
+void runPlan(const TableOptions& options)
+{
+    const Progress progress{"placing symbols in " + options.draw.common.drawing};
+    requireNames(options.draw);
+    print(planDrawing(options.table, options.draw), options.draw.common.json);
+}
+
+void runCheck(const TableOptions& options)
+{
+    const Progress progress{"checking " + options.draw.common.drawing};
+    requireFolders(options.draw.common);
+    const CheckReport report = checkDrawing(options.table, options.draw);
+    print(report, options.draw.common.json);
+    failWhenStrict(report.unreadable(), options.draw.strict);
+}
+
+void runScript(const ScriptOptions& options)
+{
+    requireFolders(options.common);
+    const FileText text = files::readFile(options.file);
+    Program program{options.common};
+    if (!options.common.drawing.empty())
+        program.open(options.common.drawing);
+    ScriptRunner{program, parseScript(text.view()), std::cout}.run();
+}
+
+void runInfo(const CommonOptions& options)
+{
+    requireFolders(options);
+    Program program{options};
+    AcDbDatabase& database = *program.open(options.drawing)->database();
+    const Json json = infoJson(database, options.drawing, std::filesystem::file_size(options.drawing));
+    options.json ? print(json) : print(infoText(json));
+}
+
+void runFolders(const FolderOptions& options)
+{
+    SymbolFolderList list{settingsFolderOf(options.common)};
+    for (const std::string& folder : options.removed)
+        list.remove(folder);
+    for (const std::string& folder : options.added)
+        list.add(folder);
+    if (!options.added.empty() || !options.removed.empty())
+        list.save();
+    if (options.common.json)
+        print(Json{{"file", list.file()}, {"folders", list.folders()}});
+    else
+        print(foldersText(list.folders()));
+}
+
+} // namespace console
