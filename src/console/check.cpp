@@ -1,6 +1,7 @@
 #include "console/check.h"
 
 #include "console/plan.h"
+#include "console/plan_table.h"
 #include "console/report_parts.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
@@ -239,14 +240,16 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
     const PrivateSettings settings{settingsFolderOf(options.common)};
     Program program{withSettingsIn(settings, table, options)};
     AcDbDatabase& drawing = *program.open(report.drawing)->database();
+    noteLayout(report.notes, drawing);
     checkSections(report, program, options);
     noteLabelLayer(report.notes, drawing);
     if (!table.empty())
         openPlanTable(program, table,
-                      [&](const FeatureCounts& codes)
+                      [&](const PlanTable& shown)
                       {
-                          report.features.kinds[kTableCodes] = codes.kinds[kTableCodes];
-                          report.features.texts[kTableCodes] = codes.texts[kTableCodes];
+                          report.features.kinds[kTableCodes] = shown.codes.kinds[kTableCodes];
+                          report.features.texts[kTableCodes] = shown.codes.texts[kTableCodes];
+                          report.keptSymbols = keptSymbols(shown.codes, rowFiles.back());
                           return false;
                       });
     checkFiles(report, program, drawing);

@@ -148,6 +148,7 @@ Json CheckReport::json() const
     json["withoutRow"] = Json::array();
     for (const auto& [kind, name, count] : withoutRow)
         json["withoutRow"].push_back({{"list", kKinds[kind].key}, {"name", toUtf8(name)}, {"count", count}});
+    json["keptSymbols"] = keptSymbolsJson(keptSymbols);
     json["unusedRows"] = Json::array();
     for (const auto& [kind, key, file] : unusedRows)
         json["unusedRows"].push_back({{"list", kKinds[kind].key}, {"name", toUtf8(key)}, {"file", toUtf8(file)}});
@@ -182,7 +183,7 @@ std::string CheckReport::text() const
                      { return each.alignment + " " + each.section + ": " + joined(each.names); });
     text += listText("Texts with characters that have no 8-bit form", lostTexts(features),
                      [](const LostText& each) { return each.text + ": " + namesOf(each.characters); });
-    return text + notesText(notes);
+    return text + keptSymbolsText(keptSymbols) + notesText(notes);
 }
 
 } // namespace console

@@ -47,6 +47,7 @@ struct CheckReport
     FeatureCounts features;
     std::map<std::u16string, CheckedFile> files; ///< by the path that rows have
     std::vector<NameWithoutRow> withoutRow;
+    std::vector<KeptSymbol> keptSymbols; ///< of the plan's table
     std::vector<FileRow> unusedRows;
     std::vector<std::string> unusedFiles;
     std::vector<CheckedSection> withoutGroundLine;

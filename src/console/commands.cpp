@@ -69,11 +69,17 @@ void runScan(const ScanOptions& options)
     const Progress progress{"scanning " + drawing};
     requireFolders(options.common);
     Program program{options.common};
-    program.open(drawing);
+    AcDbDatabase& database = *program.open(drawing)->database();
     ScanCrossSections(g_DatabaseCS);
     if (options.nearby)
         program.command(u"ZE");
-    options.common.json ? print(rowsJson(g_DatabaseCS, drawing)) : print(rowsText(g_DatabaseCS));
+    Notes notes;
+    noteLayout(notes, database);
+    if (!options.common.json)
+        return print(rowsText(g_DatabaseCS) + notesText(notes));
+    Json rows = rowsJson(g_DatabaseCS, drawing);
+    rows["notes"] = notes;
+    print(rows);
 }
 
 void runDraw(const DrawOptions& options)

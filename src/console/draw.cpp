@@ -165,7 +165,8 @@ Report drawDrawing(const DrawOptions& options)
     }
     report.withoutSymbol = withoutSymbol(drawn);
     report.unreadable = unreadableSymbols(program.session());
-    report.notes = dss.wordsForNumbers();
+    noteLayout(report.notes, database);
+    report.notes.insert(report.notes.end(), dss.wordsForNumbers().begin(), dss.wordsForNumbers().end());
     earlier.noteKept(report.notes, positions);
     if (library)
         noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);

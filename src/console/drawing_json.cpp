@@ -1,6 +1,7 @@
 #include "console/drawing_json.h"
 
 #include "console/shown_text.h"
+#include "console/spaces.h"
 #include "files/dxf/version.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
@@ -23,24 +24,18 @@ std::string_view layerOf(const ObjectRecord& record)
     return "0";
 }
 
-std::string listText(const Json& counts)
+/// How many entities there are, by DXF name and by layer.
+struct EntityCounts
 {
-    std::string text;
-    for (const auto& [name, count] : counts.items())
-        text += shownLine("  " + std::to_string(count.get<size_t>()) + "  " + name);
-    return text;
-}
+    std::map<std::string, size_t> types;
+    std::map<std::string, size_t> layers;
+};
 
-} // namespace
-
-EntityCounts countEntities(AcDbDatabase& database)
+EntityCounts countEntities(AcDbDatabase& database, const AcDbObjectIdArray& entities)
 {
     EntityCounts counts;
-    const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space");
-    if (modelSpace == nullptr)
-        return counts;
     std::map<std::string_view, size_t> layers;
-    for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
+    for (const AcDbObjectId id : entities)
     {
         ++counts.types[std::string{database.dxfNameOf(*id.record())}];
         ++layers[layerOf(*id.record())];
@@ -50,10 +45,42 @@ EntityCounts countEntities(AcDbDatabase& database)
     return counts;
 }
 
+Json countsJson(const EntityCounts& counts)
+{
+    return {{"types", counts.types}, {"layers", counts.layers}};
+}
+
+Json spaceJson(AcDbDatabase& database, const DrawingSpace& space)
+{
+    Json json{{"name", space.block}, {"layout", space.layout}, {"entities", space.entities.size()}};
+    json.update(countsJson(countEntities(database, space.entities)));
+    return json;
+}
+
+std::string listText(const Json& counts)
+{
+    std::string text;
+    for (const auto& [name, count] : counts.items())
+        text += shownLine("  " + std::to_string(count.get<size_t>()) + "  " + name);
+    return text;
+}
+
+/// The layouts that are empty are left out.
+std::string spacesText(const Json& spaces)
+{
+    std::string text;
+    for (const Json& space : spaces)
+        if (space["entities"] != 0)
+            text += shownLine("Entities of " + space["layout"].get<std::string>() + " by type:") +
+                    listText(space["types"]) + "By layer:\n" + listText(space["layers"]);
+    return text;
+}
+
+} // namespace
+
 Json drawingJson(AcDbDatabase& database)
 {
-    const EntityCounts counts = countEntities(database);
-    return {{"types", counts.types}, {"layers", counts.layers}};
+    return countsJson(countEntities(database, spacesOf(database).front().entities));
 }
 
 Json infoJson(AcDbDatabase& database, const std::string& path, size_t bytes)
@@ -62,14 +89,18 @@ Json infoJson(AcDbDatabase& database, const std::string& path, size_t bytes)
     for (const AcDbObjectId id : database.tables().live("BLOCK_RECORD"))
         if (const std::u16string name = nameOfRecord(*id.record()); !name.starts_with(u'*'))
             blocks.push_back({{"name", toUtf8(name)}, {"entities", database.blocks().entities(*id.record()).size()}});
-    const EntityCounts counts = countEntities(database);
+    Json spaces = Json::array();
+    for (const DrawingSpace& space : spacesOf(database))
+        spaces.push_back(spaceJson(database, space));
     return {{"drawing", path},
             {"version", files::nameOfVersion(database.version())},
             {"codePage", database.store().codePage},
             {"bytes", bytes},
             {"objects", database.store().records.size()},
-            {"types", counts.types},
-            {"layers", counts.layers},
+            {"types", spaces.front()["types"]},
+            {"layers", spaces.front()["layers"]},
+            {"spaces", spaces},
+            {"shownLayout", shownLayout(database)},
             {"blocks", std::move(blocks)}};
 }
 
@@ -79,8 +110,9 @@ std::string infoText(const Json& info)
         shownLine(info["drawing"].get<std::string>() + ": version " + info["version"].get<std::string>() + ", " +
                   std::to_string(info["bytes"].get<size_t>()) + " bytes, " +
                   std::to_string(info["objects"].get<size_t>()) + " objects");
-    text += "Entities of model space by type:\n" + listText(info["types"]);
-    text += "By layer:\n" + listText(info["layers"]);
+    text += spacesText(info["spaces"]);
+    if (const std::string layout = info["shownLayout"]; !layout.empty())
+        text += shownLine("Saved on the layout " + layout);
     text += "Blocks (with their entities):\n";
     for (const Json& block : info["blocks"])
         text +=

@@ -2,7 +2,6 @@
 
 #include "console/json_text.h"
 
-#include <map>
 #include <string>
 
 class AcDbDatabase;
@@ -10,16 +9,7 @@ class AcDbDatabase;
 namespace console
 {
 
-/// How many live entities model space holds, by DXF name and by layer.
-struct EntityCounts
-{
-    std::map<std::string, size_t> types;
-    std::map<std::string, size_t> layers;
-};
-
-EntityCounts countEntities(AcDbDatabase& database);
-
-/// The same as `print drawing` prints it.
+/// How many live entities model space holds, by DXF name and by layer, as `print drawing` prints it.
 Json drawingJson(AcDbDatabase& database);
 
 /// What `info` says about a drawing, read from `path` of `bytes` bytes.

@@ -27,12 +27,6 @@ constexpr std::pair<int, const char*> kNumbers[] = {{1102, "the search distance 
                                                     {1095, "the text height"},
                                                     {1114, "the leader height"}};
 
-void require(const UserAction& action)
-{
-    if (!action)
-        throw Failure{action.reason()};
-}
-
 std::string alignmentNames()
 {
     std::string names;

@@ -1,17 +1,18 @@
 #include "console/plan.h"
 
+#include "console/plan_table.h"
 #include "console/report_parts.h"
 #include "dbkit/symbol_block.h"
-#include "host/companion/measure_point.h"
-#include "host/drawing/block_index.h"
+#include "host/companion/alignment.h"
 #include "host/drawing/block_reference.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
-#include "host/ui/dialog.h"
-#include "host/ui/grid_ctrl.h"
+#include "plan/plan_symbols.h"
+#include "sections/survey_info.h"
 
 #include <map>
 #include <set>
+#include <tuple>
 
 namespace console
 {
@@ -19,70 +20,17 @@ namespace console
 namespace
 {
 
-constexpr int kOpenTable = 1095;
-constexpr int kTable = 101;
-constexpr const char16_t* kPlanLayer = u"DiaVatBinhDo";
-
 using CountByCode = std::map<std::u16string, size_t, LessNoCase>;
 
-/// Lets `action` see the entities of class `T` in model space.
-template <class T, class Action>
-void forEach(AcDbDatabase& database, Action action)
+/// How many of the references there are by the name of their block.
+CountByCode countByBlock(const AcDbObjectIdArray& references)
 {
-    if (const ObjectRecord* modelSpace = database.blocks().record(u"*Model_Space"))
-        for (const AcDbObjectId id : database.blocks().entities(*modelSpace))
-            if (const AcDbObjectPointer<T> entity{id}; entity)
-                action(*entity);
-}
-
-/// What stands on the plan's layer: references, and how many there are by the name of their block.
-struct PlanSymbols
-{
-    AcDbObjectIdArray ids;
     CountByCode counts;
-};
-
-PlanSymbols planSymbols(AcDbDatabase& database)
-{
-    PlanSymbols symbols;
-    const auto add = [&](const AcDbBlockReference& reference)
-    {
-        const ObjectRecord* block = reference.blockTableRecord().record();
-        if (block != nullptr && equalNoCase(reference.layer(), kPlanLayer))
-        {
-            symbols.ids.push_back(reference.objectId());
-            ++symbols.counts[nameOfRecord(*block)];
-        }
-    };
-    forEach<AcDbBlockReference>(database, add);
-    return symbols;
-}
-
-/// Code and symbol file of each row that the table shows.
-std::map<std::u16string, std::u16string, LessNoCase> tableFiles(const CDialog& dialog)
-{
-    std::map<std::u16string, std::u16string, LessNoCase> files;
-    const auto* grid = dynamic_cast<const CGridCtrl*>(dialog.GetDlgItem(kTable));
-    for (int row = 1; grid != nullptr && row < grid->GetRowCount(); ++row)
-        if (const std::u16string code = grid->GetItemText(row, 0); !code.empty())
-            files.emplace(code, grid->GetItemText(row, 1));
-    return files;
-}
-
-/// The codes of the survey points, with the symbol files that a table shows for them.
-FeatureCounts pointCodes(AcDbDatabase& database, const CDialog& table)
-{
-    const auto files = tableFiles(table);
-    FeatureCounts codes;
-    const auto add = [&](const PlxDbMeasurePointObj& point)
-    {
-        const std::u16string code = point.Get(1);
-        const auto row = files.find(code);
-        if (!code.empty())
-            codes.add(kTableCodes, code, row == files.end() ? std::u16string{} : row->second);
-    };
-    forEach<PlxDbMeasurePointObj>(database, add);
-    return codes;
+    for (const AcDbObjectId id : references)
+        if (const AcDbObjectPointer<AcDbBlockReference> reference{id}; reference)
+            if (const ObjectRecord* block = reference->blockTableRecord().record())
+                ++counts[nameOfRecord(*block)];
+    return counts;
 }
 
 /// Says how many of the symbols that a run has erased no row of its table placed.
@@ -99,26 +47,63 @@ void noteForeign(Notes& notes, const CountByCode& erased, const FeatureCounts& c
                         " that no row of the table places were erased");
 }
 
-void require(const UserAction& action)
+/// Places of block references, to be asked for exact equals: what is placed at a point stands nowhere else.
+class Places
 {
-    if (!action)
-        throw Failure{action.reason()};
+public:
+    void add(AcDbObjectId id)
+    {
+        if (const AcDbObjectPointer<AcDbBlockReference> reference{id}; reference)
+            m_places.insert(asTuple(reference->position()));
+    }
+    bool has(const AcGePoint3d& place) const { return m_places.contains(asTuple(place)); }
+
+private:
+    static std::tuple<double, double, double> asTuple(const AcGePoint3d& p) { return {p.x, p.y, p.z}; }
+
+    std::set<std::tuple<double, double, double>> m_places;
+};
+
+/// Where the drawing of the sections has put symbols, of all alignments.
+Places placesOfSections()
+{
+    AcDbObjectIdArray alignments;
+    std::vector<std::u16string> names;
+    FindAlignments(alignments, names);
+    Places places;
+    for (const AcDbObjectId id : alignments)
+        if (const AcDbObjectPointer<PlxDbAlignment> alignment{id}; alignment)
+            for (const SectionRecord& section : alignment->sections())
+                for (const AcDbObjectId drawn : section.drawnIds)
+                    if (isLive(drawn))
+                        places.add(drawn);
+    return places;
+}
+
+/// How many points of each code now have two symbols: one of this run, and one that `draw` has placed.
+std::map<std::string, size_t> placedTwice(const CodedPoints& points, const AcDbObjectIdArray& placed)
+{
+    const Places sections = placesOfSections();
+    Places plan;
+    for (const AcDbObjectId id : placed)
+        plan.add(id);
+    std::map<std::string, size_t> twice;
+    for (const auto& [position, code] : points.points)
+        if (sections.has(position) && plan.has(position))
+            ++twice[toUtf8(points.codes[code])];
+    return twice;
 }
 
 } // namespace
 
-void openPlanTable(Program& program, const std::string& table, const PlanTableUse& use)
+std::vector<KeptSymbol> keptSymbols(const FeatureCounts& codes, const RowFile& table)
 {
-    program.frontEnd().onModal = [&](CDialog& dialog)
-    {
-        program.frontEnd().queue({toUtf16(table), std::nullopt});
-        require(dialog.userClick(kOpenTable));
-        AcDbDatabase& database = *program.session().documents().curDocument()->database();
-        if (use(pointCodes(database, dialog)))
-            require(dialog.userClick(IDOK));
-    };
-    program.command(u"DVBD");
-    program.frontEnd().onModal = nullptr;
+    std::vector<KeptSymbol> kept;
+    for (const auto& [code, files] : codes.kinds[kTableCodes])
+        for (const auto& [file, count] : files)
+            if (!file.empty() && table.find(kTableCodes, code) == nullptr)
+                kept.push_back({toUtf8(code), toUtf8(file), count});
+    return kept;
 }
 
 Report planDrawing(const std::string& table, const DrawOptions& options)
@@ -128,12 +113,14 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     addFoldersOf(table, common.symbolFolders);
     Program program{common};
     AcDbDatabase& database = *program.open(common.drawing)->database();
-    const PlanSymbols before = planSymbols(database);
-    FeatureCounts codes;
+    const AcDbObjectIdArray before = CollectPlanSymbols();
+    const CountByCode blocksBefore = countByBlock(before);
+    PlanTable shown;
+    const FeatureCounts& codes = shown.codes;
     openPlanTable(program, table,
-                  [&](FeatureCounts found)
+                  [&](PlanTable found)
                   {
-                      codes = std::move(found);
+                      shown = std::move(found);
                       program.prepareSymbols(codes.files());
                       return true;
                   });
@@ -141,18 +128,21 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     Report report;
     report.drawing = common.drawing;
     report.output = options.output;
-    const size_t kept = liveCount(before.ids);
-    report.placed = planSymbols(database).ids.size() - kept;
-    report.erased = before.ids.size() - kept;
+    const AcDbObjectIdArray after = CollectPlanSymbols();
+    const size_t kept = liveCount(before);
+    report.placed = after.size() - kept;
+    report.erased = before.size() - kept;
+    report.plan = {keptSymbols(codes, rows), placedTwice(shown.points, after)};
     for (const auto& [code, files] : codes.kinds[kTableCodes])
         if (const auto none = files.find(u""); none != files.end())
             report.withoutSymbol[toUtf8(code)] = none->second;
     report.unreadable = unreadableSymbols(program.session());
+    noteLayout(report.notes, database);
     if (kept > 0)
         report.notes.push_back(std::to_string(kept) + " symbols of earlier runs could not be erased (is the layer " +
                                toUtf8(kPlanLayer) + " locked?) and stand beside the new ones");
     else
-        noteForeign(report.notes, before.counts, codes);
+        noteForeign(report.notes, blocksBefore, codes);
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
     noteUnkept(report.notes, program.session());

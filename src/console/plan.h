@@ -1,19 +1,14 @@
 #pragma once
 
 #include "console/dss_session.h"
-#include "console/feature_counts.h"
-
-#include <functional>
+#include "console/row_file.h"
 
 namespace console
 {
 
-/// Is given the codes of the drawing's survey points with the files that a table shows for them; answers whether the
-/// table is confirmed.
-using PlanTableUse = std::function<bool(FeatureCounts)>;
-
-/// Plays a user who opens the table of the DVBD command, loads the file `table` into it, and confirms or cancels it.
-void openPlanTable(Program& program, const std::string& table, const PlanTableUse& use);
+/// The codes that a table file has no row for, but that still have a symbol: the table of the DVBD command starts as it
+/// was left last.
+std::vector<KeptSymbol> keptSymbols(const FeatureCounts& codes, const RowFile& table);
 
 /// Plays a user of the DVBD command with the table file `table`; answers what it did and has saved the drawing.
 Report planDrawing(const std::string& table, const DrawOptions& options);

@@ -32,6 +32,12 @@ host::SessionOptions sessionOptions(const CommonOptions& options)
 
 } // namespace
 
+void require(const UserAction& action)
+{
+    if (!action)
+        throw Failure{action.reason()};
+}
+
 std::string settingsFolderOf(const CommonOptions& options)
 {
     return options.settingsFolder.empty() ? nativePath(UserDataPath()) : options.settingsFolder;

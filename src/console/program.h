@@ -4,6 +4,7 @@
 #include "files/dxf/writer.h"
 #include "files/reader.h"
 #include "host/app/session.h"
+#include "host/ui/user_action.h"
 
 #include <stdexcept>
 #include <string>
@@ -18,6 +19,9 @@ class Failure : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// Failure when a user could not have done it.
+void require(const UserAction& action);
 
 /// What every subcommand takes.
 struct CommonOptions

@@ -20,6 +20,29 @@ std::string sectionText(const SectionReport& section, bool drawn)
     return shownLine(text);
 }
 
+Json countsJson(const std::map<std::string, size_t>& counts)
+{
+    Json json = Json::array();
+    for (const auto& [name, count] : counts)
+        json.push_back({{"name", name}, {"count", count}});
+    return json;
+}
+
+/// Points with two symbols: two at one place look like one, until one of them is erased.
+std::string placedTwiceText(const std::map<std::string, size_t>& twice)
+{
+    size_t points = 0;
+    std::vector<std::string> codes;
+    for (const auto& [code, count] : twice)
+    {
+        points += count;
+        codes.push_back(code + " (" + std::to_string(count) + ")");
+    }
+    return points == 0 ? ""
+                       : shownLine("Note: " + std::to_string(points) +
+                                   " points had a symbol of draw already and have two now: " + joined(codes));
+}
+
 } // namespace
 
 Json Report::json() const
@@ -40,9 +63,12 @@ Json Report::json() const
     if (placed)
         json["placed"] = *placed;
     json["erased"] = erased;
-    json["withoutSymbol"] = Json::array();
-    for (const auto& [name, count] : withoutSymbol)
-        json["withoutSymbol"].push_back({{"name", name}, {"count", count}});
+    if (plan)
+    {
+        json["keptSymbols"] = keptSymbolsJson(plan->keptSymbols);
+        json["placedTwice"] = countsJson(plan->placedTwice);
+    }
+    json["withoutSymbol"] = countsJson(withoutSymbol);
     json["unreadable"] = unreadableJson(unreadable);
     json["notes"] = notes;
     return json;
@@ -63,7 +89,27 @@ std::string Report::text() const
         text += "Symbol files that could not be read:\n";
     for (const auto& [path, reason] : unreadable)
         text += shownLine("  " + path + ": " + reason);
+    if (plan)
+        text += keptSymbolsText(plan->keptSymbols) + placedTwiceText(plan->placedTwice);
     return text + notesText(notes);
+}
+
+Json keptSymbolsJson(const std::vector<KeptSymbol>& kept)
+{
+    Json json = Json::array();
+    for (const auto& [code, file, count] : kept)
+        json.push_back({{"name", code}, {"count", count}, {"file", file}});
+    return json;
+}
+
+std::string keptSymbolsText(const std::vector<KeptSymbol>& kept)
+{
+    std::vector<std::string> codes;
+    for (const auto& [code, file, count] : kept)
+        codes.push_back(code + " (" + std::to_string(count) + ", " + file + ")");
+    return codes.empty() ? ""
+                         : shownLine("Note: codes outside the table that still have the symbols of an earlier run: " +
+                                     joined(codes));
 }
 
 Json unreadableJson(const std::vector<UnreadableSymbol>& unreadable)

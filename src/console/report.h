@@ -28,6 +28,21 @@ struct UnreadableSymbol
     std::string reason;
 };
 
+/// A code that has a symbol though the table given has no row for it.
+struct KeptSymbol
+{
+    std::string code;
+    std::string file;
+    size_t count = 0; ///< of its points
+};
+
+/// What only `plan` tells.
+struct PlanReport
+{
+    std::vector<KeptSymbol> keptSymbols;
+    std::map<std::string, size_t> placedTwice; ///< points that have a symbol of `draw` as well, by code
+};
+
 /// What `draw`, `erase` and `plan` did, for a person or as JSON.
 struct Report
 {
@@ -37,6 +52,7 @@ struct Report
     std::vector<SectionReport> sections;
     std::optional<size_t> placed; ///< `erase` has none
     size_t erased = 0;
+    std::optional<PlanReport> plan;
     std::map<std::string, size_t> withoutSymbol;
     std::vector<UnreadableSymbol> unreadable;
     std::vector<std::string> notes;
@@ -47,6 +63,8 @@ struct Report
 
 /// The parts of reports that are the same in each of them.
 Json unreadableJson(const std::vector<UnreadableSymbol>& unreadable);
+Json keptSymbolsJson(const std::vector<KeptSymbol>& kept);
+std::string keptSymbolsText(const std::vector<KeptSymbol>& kept);
 std::string notesText(const std::vector<std::string>& notes);
 /// The names with a comma between them.
 std::string joined(const std::vector<std::string>& names);

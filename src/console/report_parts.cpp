@@ -1,6 +1,7 @@
 #include "console/report_parts.h"
 
 #include "console/lost_text.h"
+#include "console/spaces.h"
 #include "files/reader.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
@@ -39,6 +40,14 @@ void noteConversion(Notes& notes, const std::string& drawing)
     if (files::isDwgFile(drawing))
         notes.push_back("the drawing is a DWG and was converted to DXF: tables without their cells, custom objects "
                         "and the off state of layers of R13 and R14 may be lost; the DWG itself stays as it is");
+}
+
+void noteLayout(Notes& notes, AcDbDatabase& database)
+{
+    if (const std::string layout = shownLayout(database); !layout.empty())
+        notes.push_back("the drawing was saved on the layout \"" + layout +
+                        "\", not in model space: symbols go onto that layout, and objects near the sections cannot be "
+                        "seen");
 }
 
 void noteLabelLayer(Notes& notes, AcDbDatabase& database)

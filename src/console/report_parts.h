@@ -28,6 +28,9 @@ size_t liveCount(const AcDbObjectIdArray& ids);
 /// The drawing came from a DWG: it was converted, and what that may lose.
 void noteConversion(Notes& notes, const std::string& drawing);
 
+/// The drawing was saved on a layout: where symbols go, and what is not seen.
+void noteLayout(Notes& notes, AcDbDatabase& database);
+
 /// The layer that the settings choose for the name labels does not exist.
 void noteLabelLayer(Notes& notes, AcDbDatabase& database);
 

@@ -43,12 +43,6 @@ bool onOff(const std::string& word)
     return word == "on";
 }
 
-void require(const UserAction& action)
-{
-    if (!action)
-        throw Failure{action.reason()};
-}
-
 } // namespace
 
 ScriptRunner::ScriptRunner(Program& program, std::vector<ScriptLine> lines, std::ostream& out)

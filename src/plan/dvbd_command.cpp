@@ -1,11 +1,11 @@
 #include "plan/dvbd_command.h"
 
-#include "dbkit/filter_objects.h"
 #include "dbkit/placing.h"
 #include "dbkit/symbol_block.h"
 #include "dbkit/symbol_tables.h"
 #include "host/drawing/block_reference.h"
 #include "plan/dlg_draw_fcode.h"
+#include "plan/plan_symbols.h"
 #include "plan/survey.h"
 #include "util/document_lock.h"
 
@@ -15,16 +15,9 @@
 namespace
 {
 
-const std::u16string kPlanLayer = u"DiaVatBinhDo";
-
 void eraseSymbols()
 {
-    FilterObjects filter;
-    filter.AddClass(AcDbBlockReference::desc()->dxfName());
-    filter.AddLayer(kPlanLayer);
-    if (filter.SelectAll() == 0)
-        return;
-    for (const AcDbObjectId id : filter.ids())
+    for (const AcDbObjectId id : CollectPlanSymbols())
     {
         const AcDbObjectPointer<AcDbEntity> symbol(id, AcDb::kForWrite, true);
         if (symbol)

@@ -1,0 +1,13 @@
+#include "plan/plan_symbols.h"
+
+#include "dbkit/filter_objects.h"
+#include "host/drawing/block_reference.h"
+
+AcDbObjectIdArray CollectPlanSymbols()
+{
+    FilterObjects filter;
+    filter.AddClass(AcDbBlockReference::desc()->dxfName());
+    filter.AddLayer(kPlanLayer);
+    filter.SelectAll();
+    return filter.ids();
+}
