@@ -77,6 +77,23 @@ TEST_F(Toolkit, LayersAndStylesAreMadeOnceAndLeftAloneAfterwards)
     ModuleFolder.clear();
 }
 
+TEST_F(Toolkit, AnErasedStyleIsKnownToThoseWhoAskForItButMadeAnewAndNotCounted)
+{
+    session.open(drawing.style("S1", "a.shx").style("S2", "b.shx").dxf());
+    const TestLock lock;
+    const auto countOfStyles = [](const std::string& file)
+    { return file.substr(file.find(" 70\n", file.find("TABLE\n  2\nSTYLE\n")), 6); };
+    const std::string before = countOfStyles(session.saved());
+    const AcDbObjectId erased = GetTextStyleId(u"S1");
+    AcDbObjectPointer<AcDbTextStyleTableRecord>(erased, AcDb::kForWrite)->erase();
+
+    EXPECT_EQ(GetTextStyleId(u"S1"), erased);
+    EXPECT_TRUE(GetSymbolId(u"S1", SymbolTable::kTextStyles).isNull());
+    EnsureTextStyle(u"S1");
+    EXPECT_NE(GetSymbolId(u"S1", SymbolTable::kTextStyles), erased);
+    EXPECT_EQ(countOfStyles(session.saved()), before) << "one is gone, one is new";
+}
+
 TEST_F(Toolkit, NamesOfATableFillADropDownList)
 {
     drawing.style("S1", "a.shx").style("S2", "b.shx");

@@ -102,9 +102,13 @@ TEST_F(Module, ForgetsTheIdsOfADrawingThatIsClosed)
     ASSERT_TRUE(session.session().runCommand(u"DSS"));
     ASSERT_TRUE(session.frontEnd.modeless.front()->userClose());
     ASSERT_EQ(g_DatabaseCS.m_listReferenceLines.size(), 1u);
+    CrossSectionXdata& section = g_DatabaseCS.m_listReferenceLines[0].m_listCrossSections[0];
+    section.m_arrDrawnIds = {section.m_idGroundLine};
 
     acDocManagerPtr()->close(document);
     for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
         EXPECT_TRUE(line.m_idAlignment.isNull());
+    EXPECT_TRUE(section.m_idGroundLine.isNull());
+    EXPECT_TRUE(section.m_arrDrawnIds.empty());
     EXPECT_TRUE(session.session().runCommand(u"ZE"));
 }

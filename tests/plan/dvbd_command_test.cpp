@@ -13,7 +13,9 @@
 #include <sstream>
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace
 {
@@ -129,11 +131,18 @@ TEST_F(Dvbd, ErasesWhatStandsOnItsLayerAlsoWhenCancelled)
     drawing.endBlock().point("CAY", {1, 2, 3});
     drawing.insert("TREE", {5, 5, 0});
     drawing.onLayer("DiaVatBinhDo").insert("TREE", {6, 6, 0});
+    drawing.entity("INSERT", " 66\n1\n100\nAcDbBlockReference\n  2\nTREE\n 10\n7.0\n 20\n7.0\n 30\n0.0\n");
+    drawing.entity("ATTRIB", "100\nAcDbText\n 10\n0.0\n 20\n0.0\n 30\n0.0\n 40\n1.0\n  1\nNo 7\n"
+                             "100\nAcDbAttribute\n  2\nNO\n 70\n0\n");
+    drawing.entity("SEQEND", "");
     drawing.line({0, 0, 0}, {1, 1, 0});
     session.open(drawing.dxf());
     run([](CDialog& table) { expectDone(table.userClick(kCancel)); });
     EXPECT_THAT(blocks(), ElementsAre("TREE 5,5,0 x1,1 r0 0"));
     EXPECT_EQ(session.folder().read("settings/FcodeBD.cfg"), "");
+    const std::string saved = session.saved();
+    EXPECT_THAT(saved, Not(HasSubstr("ATTRIB"))) << "what belongs to a reference goes with it";
+    EXPECT_THAT(saved, Not(HasSubstr("SEQEND")));
 
     session.folder().write("Tree.dxf", "the block that is there counts");
     place({{1, session.folder().modulePath("Tree.dxf")}});

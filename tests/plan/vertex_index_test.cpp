@@ -18,16 +18,19 @@ bool plainLoop(const AcGePoint3dArray& vertices, AcGePoint3d point)
     return false;
 }
 
-/// Vertices at multiples of powers of two, where cells of whatever size begin and end, near zero and far from it.
+/// Vertices at multiples of powers of two and a hair before them, where cells of whatever size begin and end, near zero
+/// and far from it.
 AcGePoint3dArray latticeVertices(std::mt19937& random)
 {
     AcGePoint3dArray vertices;
     std::uniform_int_distribution<int> steps(-40, 40);
+    const double hair = 0.3 * AcGeContext::gTol.equalPoint();
     for (const double far : {0.0, 1.0, 5e5, 2.3e6})
         for (const int exponent : {0, -4, -20, -26, -27, -30})
             for (int i = 0; i < 20; ++i)
-                vertices.emplace_back(far + std::ldexp(steps(random), exponent),
-                                      -far + std::ldexp(steps(random), exponent), static_cast<double>(i));
+                vertices.emplace_back(far + std::ldexp(steps(random), exponent) - (i & 1) * hair,
+                                      -far + std::ldexp(steps(random), exponent) - (i >> 1 & 1) * hair,
+                                      static_cast<double>(i));
     return vertices;
 }
 

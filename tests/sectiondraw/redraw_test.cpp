@@ -75,8 +75,10 @@ TEST_F(Redraw, UndoTakesBackTheDrawingsOfAllSections)
         const AcDbObjectPointer<AcDbEntity> byHand(record(2).drawnIds[1], AcDb::kForWrite);
         byHand->erase();
     }
+    acDocManagerPtr()->sendStringToExecute(acDocManagerPtr()->curDocument(), u"Zoom 0,0");
     click(kUndo);
 
+    EXPECT_EQ(acDocManagerPtr()->curDocument()->pendingInput(), u"") << "Escape takes back what is half typed";
     EXPECT_EQ(living().size(), m_untouched);
     EXPECT_THAT(record(2).drawnIds, IsEmpty());
     EXPECT_THAT(section(5).m_arrDrawnIds, IsEmpty());

@@ -93,6 +93,8 @@ TEST_F(SectionsDialog, ClosingKeepsTheLargestScalesAndTheAlignment)
     crossing.m_dScaleX = 4;
     crossing.m_dScaleY = 5;
     crossing.m_dRotation = 0.25;
+    section(1).m_listBlockData2.append().m_dScaleX = 4; // as large, but later
+    section(0).m_listBlockFcode1.append().m_dRotation = 0.5;
     section(0).m_listBlockFcode2.append().m_dScaleX = 9;
     section(0, 1).m_listBlockFcode1.append().m_dScaleX = 0.5;
     EXPECT_TRUE(dialog().userChoose(kAlignments, u"Tuyen2"));

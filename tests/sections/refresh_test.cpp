@@ -22,10 +22,10 @@ protected:
     Refresh() { g_DatabaseCS = DatabaseCS{}; }
     ~Refresh() override { g_DatabaseCS = DatabaseCS{}; }
 
-    /// Sections square to the x axis at 0 and 100, end A above it, 20 to each side.
-    void open()
+    /// A section square to the x axis, end A above it, 20 to each side when not said otherwise.
+    void open(double extent1 = 20, double extent2 = 20)
     {
-        drawing.alignment("T1").extents(20, 20).section("C1", {0, 20}, {0, -20});
+        drawing.alignment("T1").extents(extent1, extent2).section("C1", {0, 20}, {0, -20});
         session.open(drawing.dxf());
         ScanCrossSections(g_DatabaseCS);
         acedCommandS({u"Zoom", u"e"});
@@ -74,6 +74,28 @@ TEST_F(Refresh, CodedObjectsInTheBandBecomeRowsInTheDrawingsOrder)
     EXPECT_EQ(first.m_dRotation, 0.5);
     EXPECT_EQ(first.m_dOffset2, 0);
     EXPECT_TRUE(first.m_strFile.empty());
+}
+
+TEST_F(Refresh, ABandOfUnequalHalvesEndsAheadWhereItsSecondHalfDoes)
+{
+    drawing.point("BEHIND, FAR", {2, 30, 0});
+    drawing.point("AHEAD, FAR", {-4, 15, 0});
+    drawing.point("AHEAD, NEAR", {-4, 9, 0});
+    drawing.point("BEYOND B", {0, -11, 0});
+    open(40, 10);
+
+    RefreshSection(section(), 5, 3);
+
+    EXPECT_THAT(rows(), ElementsAre("BEHIND, FAR -30", "AHEAD, NEAR -9"));
+}
+
+TEST_F(Refresh, WhatIsFarAheadCountsAsLongAsTheProbeReachesIt)
+{
+    drawing.point("NEARER", {-900, 5, 0});
+    drawing.point("FARTHER", {-1100, 5, 0});
+    open();
+    RefreshSection(section(), 2000, 5);
+    EXPECT_THAT(rows(), ElementsAre("NEARER -5"));
 }
 
 TEST_F(Refresh, RowsOfObjectsThatAreStillThereStayAsTheyAre)

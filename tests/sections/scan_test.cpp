@@ -132,6 +132,12 @@ TEST_F(Scan, SurveyPointsGiveARowForTheSectionAndOneForThePlan)
     addSection()
         .point("CAY", {0, -4, 12.5})
         .point("mt1", {0, 1, 0})
+        .point("MP1", {0, 1, 0})
+        .point("MT2", {0, 1, 0})
+        .point("MP2", {0, 1, 0})
+        .point("MT3", {0, 1, 0})
+        .point("MP3", {0, 1, 0})
+        .point("MP4", {0, 1, 0})
         .point("", {0, 2, 0})
         .point("CỌC", {0, 6, 0})
         .dcOffsets({-8, 9});
@@ -141,8 +147,8 @@ TEST_F(Scan, SurveyPointsGiveARowForTheSectionAndOneForThePlan)
 
     const ListCSXdata& sections = scan()[0].m_listCrossSections;
 
-    EXPECT_THAT(codes(sections[0].m_listBlockFcode1), ElementsAre("CAY 4", "CỌC -6", "DC1 -8", "DC2 9"));
-    EXPECT_THAT(codes(sections[0].m_listBlockFcode2), ElementsAre("CAY 4", "CỌC -6"));
+    EXPECT_THAT(codes(sections[0].m_listBlockFcode1), ElementsAre("CAY 4", "MP4 -1", "CỌC -6", "DC1 -8", "DC2 9"));
+    EXPECT_THAT(codes(sections[0].m_listBlockFcode2), ElementsAre("CAY 4", "MP4 -1", "CỌC -6"));
     EXPECT_TRUE(sections[0].m_listBlockFcode2[0].m_ptPosition.isEqualTo({0, -4, 12.5}));
     EXPECT_THAT(codes(sections[1].m_listBlockFcode1), ElementsAre("dc_t -3"));
     EXPECT_THAT(codes(sections[2].m_listBlockFcode1), IsEmpty());

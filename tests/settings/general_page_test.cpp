@@ -104,6 +104,22 @@ TEST_F(GeneralPage, TakesNumbersAndColorsWhenApplied)
     EXPECT_EQ(g_DatabaseCS.m_nColorSymbolText, 7);
 }
 
+TEST_F(GeneralPage, DistancesCountAsChangedBeyondAThousandth)
+{
+    run(
+        [](CDialog& dialog)
+        {
+            type(dialog, kBackward, u"5.0009");
+            EXPECT_TRUE(dialog.userTab(0));
+            EXPECT_FALSE(g_DatabaseCS.m_bDistanceChanged);
+            EXPECT_TRUE(dialog.userTab(3));
+            type(dialog, kBackward, u"5.0011");
+            EXPECT_TRUE(dialog.userTab(0));
+            EXPECT_TRUE(g_DatabaseCS.m_bDistanceChanged);
+        });
+    EXPECT_EQ(g_DatabaseCS.m_dBackwardDistance, 5.0011);
+}
+
 TEST_F(GeneralPage, ADistanceBeyondAllNumbersIsChangedOnce)
 {
     run(

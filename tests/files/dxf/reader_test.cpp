@@ -44,20 +44,26 @@ std::string withCarriageReturns(const std::string& text)
     return result;
 }
 
-/// The drawing as binary DXF: every value in the form its group code asks for.
-std::string asBinary(const std::string& text)
+/// The drawing as binary DXF: every value in the form its group code asks for. Before R13 (`shortCodes`) a group code
+/// is one byte, or a mark and two.
+std::string asBinary(const std::string& text, bool shortCodes = false)
 {
     std::string bytes{"AutoCAD Binary DXF\r\n\x1a\0", 22};
     const auto append = [&bytes](auto value) { bytes.append(reinterpret_cast<const char*>(&value), sizeof value); };
     TagReader reader{text};
     for (Tag tag; reader.next(tag);)
     {
-        append(static_cast<int16_t>(tag.code));
+        if (shortCodes && tag.code >= 255)
+            append(uint8_t{255});
+        if (shortCodes && tag.code < 255)
+            append(static_cast<uint8_t>(tag.code));
+        else
+            append(static_cast<int16_t>(tag.code));
         if (tag.code >= 10 && tag.code <= 59)
             append(tag.real());
-        else if (tag.code >= 60 && tag.code <= 79)
+        else if ((tag.code >= 60 && tag.code <= 79) || tag.code == 1070)
             append(static_cast<int16_t>(tag.integer()));
-        else if (tag.code >= 90 && tag.code <= 99)
+        else if ((tag.code >= 90 && tag.code <= 99) || tag.code == 1071)
             append(static_cast<int32_t>(tag.integer()));
         else if (tag.code >= 280 && tag.code <= 289)
             append(static_cast<int16_t>(tag.integer()));
@@ -124,6 +130,19 @@ TEST(DxfReader, LineEndsInTextsOfABinaryDrawingAreWrittenBehindACaret)
     const std::string text = written(*database);
     EXPECT_THAT(text, HasSubstr("100\none^Jtwo^M\n"));
     EXPECT_EQ(written(*parsed(text)), text);
+}
+
+TEST(DxfReader, ABinaryFileOfR12HasShortGroupCodesAndValuesOfEverySize)
+{
+    const std::string entity =
+        "  0\nINSERT\n  8\n0\n  2\nTREE\n 10\n1.5\n 20\n-2.0\n 62\n-3\n 91\n70000\n1001\nSV_INFOR\n"
+        "1070\n-7\n1071\n-70000\n1000\nCAY\n";
+    const std::string text = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  0\nENDSEC\n"
+                             "  0\nSECTION\n  2\nENTITIES\n" +
+                             entity + "  0\nENDSEC\n  0\nEOF\n";
+    AcDbDatabase drawing;
+    drawing.adopt(files::readDxf(fileText(asBinary(text, true)), "test.dxf", DrawingReader::Purpose::Symbol));
+    EXPECT_EQ(drawing.store().file.view(), text);
 }
 
 TEST(DxfReader, ErasedChangedAndAddedObjectsAreTheOnlyDifference)

@@ -99,6 +99,12 @@ TEST_F(Entities, EveryKindCoversWhatItDraws)
          "10\n5\n 20\n5\n 40\n1\n 50\n0\n 51\n360\n 73\n1\n 97\n0\n",
          {0, 0, 2},
          {6, 6, 2}},
+        {"HATCH",
+         "100\nAcDbHatch\n 10\n0\n 20\n0\n 30\n0\n210\n0\n220\n0\n230\n1\n  2\nSOLID\n 70\n1\n 71\n0\n 91\n1\n 92\n1\n "
+         "93\n2\n 72\n2\n 10\n5\n 20\n5\n 40\n1\n 50\n0\n 51\n90\n 73\n0\n 72\n3\n 10\n0\n 20\n5\n 11\n4\n 21\n0\n "
+         "40\n0.5\n 50\n0\n 51\n90\n 73\n0\n 97\n0\n",
+         {0, 3, 0},
+         {6, 5, 0}},
         {"TEXT", "100\nAcDbText\n 10\n3\n 20\n4\n 40\n1\n  1\nabc\n", {3, 4, 0}, {3, 4, 0}},
         {"CIRCLE",
          "100\nAcDbCircle\n 10\n5.0\n 20\n0.0\n 40\n1.0\n210\n0\n220\n0\n230\n-1\n",
@@ -131,6 +137,10 @@ TEST_F(Entities, BlockContentsStandWhereTheReferencePutsThem)
     const uint64_t mirrored = text.entity("INSERT", head + " 41\n-1\n");
     const uint64_t array = text.entity("INSERT", head + " 70\n2\n 71\n3\n 44\n5\n 45\n7\n");
     const uint64_t below = text.entity("INSERT", head + "210\n0\n220\n0\n230\n-1\n");
+    text.beginBlock("Steep").line({0, 0, 1}, {1, 0, 2});
+    text.endBlock();
+    const uint64_t high =
+        text.entity("INSERT", "100\nAcDbBlockReference\n  2\nSteep\n 10\n0\n 20\n0\n 30\n5\n 43\n3\n");
     text.beginBlock("Loop").insert("Loop", {1, 0, 0});
     text.line({0, 0, 0}, {1, 1, 0});
     text.endBlock();
@@ -141,6 +151,7 @@ TEST_F(Entities, BlockContentsStandWhereTheReferencePutsThem)
     EXPECT_TRUE(reaches(extentsOf(turned), {100, 20, 0}, {100, 22, 0}));
     EXPECT_TRUE(reaches(extentsOf(mirrored), {89, 0, 0}, {90, 0, 0}));
     EXPECT_TRUE(reaches(extentsOf(array), {110, 0, 0}, {116, 14, 0}));
+    EXPECT_TRUE(reaches(extentsOf(high), {0, 0, 8}, {1, 0, 11}));
     EXPECT_TRUE(reaches(extentsOf(below), {-111, 0, 0}, {-110, 0, 0}));
     EXPECT_TRUE(reaches(extentsOf(loop), {0, 0, 0}, {1, 1, 0}));
     EXPECT_TRUE(reaches(extentsOf(nothing), {4, 5, 0}, {4, 5, 0}));

@@ -88,6 +88,19 @@ TEST_F(Insert, OldDrawingBecomesABlockOfToday)
     EXPECT_THAT(file, HasSubstr("100\nAcDb2dVertex\n"));
 }
 
+TEST_F(Insert, SlantedTextsStaySlanted)
+{
+    const std::string styles = "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nSTYLE\n70\n1\n0\nSTYLE\n2\nSLANT\n70\n0\n40\n0.0\n"
+                               "41\n1.0\n50\n15.0\n71\n0\n42\n1.0\n3\ntxt\n4\n\n0\nENDTAB\n0\nENDSEC\n";
+    std::string symbol = oldDrawing("0\nTEXT\n8\n0\n10\n0.0\n20\n0.0\n40\n1.0\n1\nA\n51\n12.0\n7\nSLANT\n73\n1\n");
+    symbol.insert(symbol.find("0\nSECTION\n2\nENTITIES"), styles);
+    ASSERT_EQ(insert(symbol), Acad::eOk);
+
+    const std::string file = saved();
+    EXPECT_THAT(file, HasSubstr("  2\nSLANT\n 70\n0\n 40\n0.0\n 41\n1.0\n 50\n15.0\n"));
+    EXPECT_THAT(file, HasSubstr("  1\nA\n 51\n12.0\n  7\nSLANT\n100\nAcDbText\n 73\n1\n"));
+}
+
 TEST_F(Insert, NestedBlocksComeAlongAndKnownOnesAreKept)
 {
     TestDrawing symbol{1032};
@@ -102,6 +115,10 @@ TEST_F(Insert, NestedBlocksComeAlongAndKnownOnesAreKept)
     EXPECT_THAT(kindsIn(u"branch"), testing::ElementsAre("INSERT"));
     EXPECT_THAT(kindsIn(u"LEAF"), testing::ElementsAre("LINE"));
     EXPECT_THAT(kindsIn(u"Unused"), testing::ElementsAre("no such block"));
+    const std::string file = saved();
+    const auto placeOf = [&file](const std::string& name) { return file.find("100\nAcDbBlockBegin\n  2\n" + name); };
+    EXPECT_LT(placeOf("Leaf"), placeOf("Branch")) << "a block stands before the ones that use it";
+    EXPECT_LT(placeOf("Branch"), placeOf("Symbol"));
 
     TestDrawing other{1032};
     other.beginBlock("LEAF").point("X", {0, 0, 0});
@@ -145,12 +162,14 @@ TEST_F(Insert, WhatAnOlderDrawingCannotHoldStaysBehind)
                            " 70\n1\n 71\n1\n 91\n1\n 92\n3\n 72\n0\n 73\n1\n 93\n3\n 10\n0.0\n 20\n0.0\n 10\n1.0\n"
                            " 20\n0.0\n 10\n0.0\n 20\n1.0\n 97\n1\n330\nBEEF\n 75\n1\n 76\n1\n 98\n0\n450\n1\n460\n0.5\n"
                            "470\nLINEAR\n");
+    symbol.entity("LWPOLYLINE", "100\nAcDbPolyline\n 90\n2\n 70\n0\n 10\n0.0\n 20\n0.0\n 91\n71\n 10\n1.0\n 20\n0.0\n"
+                                " 91\n72\n");
     symbol.entity("IMAGE", "100\nAcDbRasterImage\n340\nABBA\n");
     ASSERT_EQ(insert(symbol.dxf()), Acad::eOk);
 
-    EXPECT_THAT(kindsIn(u"Symbol"), testing::ElementsAre("LINE", "HATCH"));
+    EXPECT_THAT(kindsIn(u"Symbol"), testing::ElementsAre("LINE", "HATCH", "LWPOLYLINE"));
     const std::string file = saved();
-    for (const char* left : {"420\n255", "ACAD_REACTORS", "347\n", "BEEF", "LINEAR", " 71\n1\n", "1e999"})
+    for (const char* left : {"420\n255", "ACAD_REACTORS", "347\n", "BEEF", "LINEAR", " 71\n1\n", "1e999", " 91\n7"})
         EXPECT_THAT(file.substr(file.find("AcDbBlockBegin")), Not(HasSubstr(left)));
     EXPECT_THAT(file, HasSubstr(" 97\n0\n"));
 }
