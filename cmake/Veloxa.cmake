@@ -49,7 +49,7 @@ endfunction()
 function(veloxa_program TARGET)
   target_sources(${TARGET} PRIVATE $<TARGET_OBJECTS:veloxa_host>)
   target_include_directories(${TARGET} PRIVATE ${CMAKE_SOURCE_DIR}/src)
-  target_link_libraries(${TARGET} PRIVATE veloxa_module ${CMAKE_DL_LIBS})
+  target_link_libraries(${TARGET} PRIVATE veloxa_module veloxa_disk ${CMAKE_DL_LIBS})
   set_target_properties(${TARGET} PROPERTIES ENABLE_EXPORTS ON BUILD_RPATH $ORIGIN)
 endfunction()
 

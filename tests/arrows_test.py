@@ -6,8 +6,9 @@ import sys
 
 # What each box may include besides itself. The order is that of the picture in ARCHITECTURE.md, bottom up.
 ARROWS = {
+    "disk": set(),
     "store": set(),
-    "host": {"store"},
+    "host": {"store", "disk"},
     "util": {"host"},
     "resources": {"util", "host"},
     "frame/tracking": {"util", "host"},
@@ -17,9 +18,9 @@ ARROWS = {
     "sectiondraw": {"settings", "sections", "dbkit", "util", "resources", "host"},
     "plan": {"sections", "dbkit", "util", "resources", "host"},
     "frame/entry": {"sectiondraw", "plan", "settings", "sections", "dbkit", "frame/tracking", "util", "resources", "host"},
-    "files": {"host", "store"},
-    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host"},
-    "desktop": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host"},
+    "files": {"host", "store", "disk"},
+    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
+    "desktop": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
 }
 
 

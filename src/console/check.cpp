@@ -5,8 +5,8 @@
 #include "console/report_parts.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
+#include "disk/temporary.h"
 #include "files/drawing_names.h"
-#include "files/dwg/temp_folder.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "sectiondraw/ground_point.h"
@@ -56,14 +56,14 @@ public:
                     {
                         std::error_code unreadable; // as good as missing to the module
                         if (file.extension() == ".cfg")
-                            fs::copy_file(file, m_folder.path() / file.filename(), unreadable);
+                            fs::copy_file(file, fs::path{m_folder.path()} / file.filename(), unreadable);
                     });
     }
 
-    std::string folder() const { return m_folder.path().string(); }
+    std::string folder() const { return m_folder.path(); }
 
 private:
-    dwg::TempFolder m_folder;
+    disk::TemporaryFolder m_folder;
 };
 
 /// The options of a program that finds all that the user's would, and keeps what it is told elsewhere.

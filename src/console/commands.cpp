@@ -9,8 +9,8 @@
 #include "console/script_runner.h"
 #include "console/shown_text.h"
 #include "console/symbol_folders.h"
+#include "disk/read.h"
 #include "files/drawing_names.h"
-#include "files/file_bytes.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
 
@@ -115,7 +115,7 @@ void runCheck(const TableOptions& options)
 void runScript(const ScriptOptions& options)
 {
     requireFolders(options.common);
-    const FileText text = files::readFile(options.file);
+    const FileText text = disk::readFile(options.file);
     Program program{options.common};
     if (!options.common.drawing.empty())
         program.open(options.common.drawing);

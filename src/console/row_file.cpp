@@ -1,8 +1,8 @@
 #include "console/row_file.h"
 
 #include "console/program.h"
+#include "disk/read.h"
 #include "files/drawing_names.h"
-#include "files/file_bytes.h"
 #include "plan/feature_table.h"
 #include "settings/library_lines.h"
 #include "util/fields.h"
@@ -49,7 +49,7 @@ const RowFileKind* kindOf(const TextLines& lines)
 /// The lines of a file that has to be of `kind`. Failure when it is another one by its name or by what it holds.
 TextLines linesOf(const std::string& path, const RowFileKind& kind)
 {
-    const FileText file = files::readFile(path);
+    const FileText file = disk::readFile(path);
     const std::string no = path + ": is not " + kind.name + " (." + kind.ending + ") but ";
     if (files::isDrawing(file.view()))
         throw Failure{no + "a drawing"};

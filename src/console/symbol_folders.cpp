@@ -1,7 +1,8 @@
 #include "console/symbol_folders.h"
 
 #include "console/program.h"
-#include "files/file_bytes.h"
+#include "disk/read.h"
+#include "disk/replace.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -48,7 +49,7 @@ SymbolFolderList::SymbolFolderList(const std::string& settingsFolder) : m_file{s
 {
     std::error_code ignored;
     if (fs::exists(m_file, ignored))
-        m_folders = linesOf(files::readFile(m_file).view());
+        m_folders = linesOf(disk::readFile(m_file).view());
 }
 
 void SymbolFolderList::add(const std::string& folder)
@@ -80,7 +81,7 @@ void SymbolFolderList::save() const
     std::string text;
     for (const std::string& folder : m_folders)
         text += folder + "\n";
-    files::replaceFile(m_file, {text}, false);
+    disk::replaceFile(m_file, {text});
 }
 
 } // namespace console

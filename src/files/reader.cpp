@@ -1,10 +1,9 @@
 #include "files/reader.h"
 
+#include "disk/read.h"
 #include "files/dxf/reader.h"
 #include "files/error.h"
-#include "files/file_bytes.h"
-
-#include <fstream>
+#include "host/app/disk.h"
 
 namespace files
 {
@@ -22,15 +21,13 @@ FileText textOf(std::string dxf)
 
 bool isDwgFile(const std::string& path)
 {
-    char begin[64];
-    std::ifstream file{path, std::ios::binary};
-    file.read(begin, sizeof begin);
-    return dwg::isDwg({begin, static_cast<size_t>(file.gcount())});
+    constexpr size_t kBegin = 64;
+    return dwg::isDwg(disk::beginOfFile(path, kBegin));
 }
 
 DrawingStore FileReader::read(const std::string& path, Purpose purpose)
 {
-    FileText bytes = readFile(path);
+    FileText bytes = disk::readFile(path, host::diskFaults());
     if (!dwg::isDwg(bytes.view()))
         return readDxf(std::move(bytes), path, purpose);
     auto prepared = m_prepared.extract(path);

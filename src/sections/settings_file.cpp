@@ -1,8 +1,8 @@
 #include "sections/database_cs.h"
 
+#include "host/app/disk.h"
 #include "host/text.h"
 #include "sections/settings_text.h"
-#include "util/disk.h"
 #include "util/fields.h"
 #include "util/folders.h"
 #include "util/numbers.h"

@@ -1,6 +1,6 @@
 #include "util/scratch_file.h"
 
-#include "util/disk.h"
+#include "host/app/disk.h"
 #include "util/folders.h"
 
 namespace

@@ -1,6 +1,6 @@
 #include "util/text_lines.h"
 
-#include "util/disk.h"
+#include "host/app/disk.h"
 #include "util/tcvn3.h"
 
 #include <algorithm>

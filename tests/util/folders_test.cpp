@@ -1,7 +1,7 @@
 #include "util/folders.h"
 
+#include "host/app/disk.h"
 #include "support/temp_folder.h"
-#include "util/disk.h"
 #include "util/display_scale.h"
 
 #include <gtest/gtest.h>

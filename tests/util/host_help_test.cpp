@@ -1,8 +1,8 @@
+#include "host/app/disk.h"
 #include "host/app/document.h"
 #include "support/test_drawing.h"
 #include "support/test_session.h"
 #include "util/dialog_help.h"
-#include "util/disk.h"
 #include "util/document_lock.h"
 #include "util/folders.h"
 

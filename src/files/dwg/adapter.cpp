@@ -1,7 +1,7 @@
 #include "files/dwg/adapter.h"
 
+#include "disk/read.h"
 #include "files/dwg/child_process.h"
-#include "files/dwg/file_bytes.h"
 #include "files/dwg/sha256.h"
 
 #include <algorithm>
@@ -135,9 +135,7 @@ std::string adapterVersion(const fs::path& adapter)
     std::string all;
     for (const fs::path& source : sources)
     {
-        std::string bytes;
-        readFile(source, bytes);
-        all += sha256(bytes);
+        all += sha256(disk::readFile(source).view());
     }
     return sha256(all).substr(0, 16);
 }

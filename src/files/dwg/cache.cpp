@@ -1,11 +1,11 @@
 #include "files/dwg/cache.h"
 
-#include "files/dwg/file_bytes.h"
+#include "disk/error.h"
+#include "disk/read.h"
+#include "disk/replace.h"
 #include "files/dwg/sha256.h"
 
 #include <algorithm>
-#include <stdlib.h> // mkstemp is not in <cstdlib>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -46,16 +46,6 @@ bool isWhole(std::string_view dxf)
     return dxf.ends_with("EOF");
 }
 
-fs::path newFileIn(const fs::path& folder)
-{
-    std::string name = folder / "new-XXXXXX";
-    const int file = mkstemp(name.data());
-    if (file < 0)
-        return {};
-    close(file);
-    return name;
-}
-
 } // namespace
 
 Cache::Cache(fs::path folder, std::uint64_t limit) : m_folder(std::move(folder)), m_limit(limit) {}
@@ -66,29 +56,36 @@ std::string Cache::keyOf(std::string_view dwg, std::string_view version)
 }
 
 bool Cache::find(const std::string& key, std::string& dxf) const
+try
 {
-    if (!m_folder.empty() && readFile(m_folder / key, dxf).empty() && isWhole(dxf))
-    {
-        std::error_code ignored;
-        fs::last_write_time(m_folder / key, fs::file_time_type::clock::now(), ignored);
-        return true;
-    }
     dxf.clear();
+    if (m_folder.empty())
+        return false;
+    const disk::FileText entry = disk::readFile(m_folder / key);
+    if (!isWhole(entry.view()))
+        return false;
+    dxf = entry.view();
+    std::error_code ignored;
+    fs::last_write_time(m_folder / key, fs::file_time_type::clock::now(), ignored);
+    return true;
+}
+catch (const disk::FileError&)
+{
     return false;
 }
 
 void Cache::store(const std::string& key, std::string_view dxf) const
+try
 {
     if (m_folder.empty() || dxf.size() > m_limit)
         return;
     std::error_code error;
     fs::create_directories(m_folder, error);
-    const fs::path file = newFileIn(m_folder);
-    if (file.empty() || !writeFile(file, dxf))
-        return;
-    fs::rename(file, m_folder / key, error);
-    if (error)
-        fs::remove(file, error);
+    disk::replaceFile(m_folder / key, {dxf}, {.durable = false});
+}
+catch (const disk::FileError&)
+{
+    return;
 }
 
 void Cache::trim() const

@@ -1,9 +1,11 @@
 #include "files/dwg/convert.h"
 
+#include "disk/error.h"
+#include "disk/read.h"
+#include "disk/replace.h"
+#include "disk/temporary.h"
 #include "files/dwg/adapter.h"
 #include "files/dwg/cache.h"
-#include "files/dwg/file_bytes.h"
-#include "files/dwg/temp_folder.h"
 
 #include <cctype>
 #include <cstdlib>
@@ -25,6 +27,18 @@ struct Pending
     Outcome* outcome;
     Job job;
 };
+
+/// Reads a whole file into `bytes`. Returns why it could not, or an empty text.
+std::string readFile(const fs::path& file, std::string& bytes)
+try
+{
+    bytes = disk::readFile(file).view();
+    return {};
+}
+catch (const disk::FileError& error)
+{
+    return error.reason();
+}
 
 /// One call of convert(): what the cache lacks is collected with a private copy of each file, so that what is
 /// converted is what was looked up, then converted together.
@@ -76,8 +90,9 @@ private:
     void copyForConversion(std::string_view bytes, std::string key, Outcome& outcome)
     {
         const std::string name = std::to_string(m_pending.size());
-        const Job job{m_folder.path() / (name + ".dwg"), m_folder.path() / (name + ".dxf"), {}};
-        if (m_folder.path().empty() || !writeFile(job.input, bytes))
+        const fs::path folder{m_folder.path()};
+        const Job job{folder / (name + ".dwg"), folder / (name + ".dxf"), {}};
+        if (m_folder.path().empty() || !disk::writeInPlace(job.input, bytes))
             outcome.reason = "DWG files cannot be read: no temporary file can be written";
         else
             m_pending.push_back({std::move(key), &outcome, job});
@@ -94,7 +109,7 @@ private:
     }
 
     const Options& m_options;
-    TempFolder m_folder;
+    disk::TemporaryFolder m_folder;
     Cache m_cache;
     std::string m_version;
     std::vector<Pending> m_pending;

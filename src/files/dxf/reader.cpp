@@ -1,10 +1,11 @@
 #include "files/dxf/reader.h"
 
+#include "disk/read.h"
 #include "files/dxf/binary.h"
 #include "files/dxf/indexer.h"
 #include "files/dxf/version.h"
 #include "files/error.h"
-#include "files/file_bytes.h"
+#include "host/app/disk.h"
 
 namespace files
 {
@@ -27,7 +28,7 @@ void requireVersion(int version, const std::string& path)
 
 DrawingStore DxfReader::read(const std::string& path, Purpose purpose)
 {
-    return readDxf(readFile(path), path, purpose);
+    return readDxf(disk::readFile(path, host::diskFaults()), path, purpose);
 }
 
 DrawingStore readDxf(FileText bytes, const std::string& path, DrawingReader::Purpose purpose)

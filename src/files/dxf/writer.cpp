@@ -1,7 +1,8 @@
 #include "files/dxf/writer.h"
 
+#include "disk/replace.h"
 #include "files/drawing_names.h"
-#include "files/file_bytes.h"
+#include "host/app/disk.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
 #include "host/drawing/tags.h"
@@ -141,7 +142,7 @@ void DxfWriter::write(AcDbDatabase& database, const std::string& path)
 {
     requireDrawingOutput(path);
     const DrawingPieces drawing{database};
-    replaceFile(path, drawing.pieces(), true);
+    disk::replaceFile(path, drawing.pieces(), {.keepEarlier = true}, host::diskFaults());
 }
 
 } // namespace files

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "disk/file_text.h"
 #include "host/drawing/record.h"
 #include "host/drawing/text_encoding.h"
 
@@ -32,19 +33,7 @@ struct Container
 };
 
 /// The text of a drawing file in memory. A reader fills it; it never changes afterwards.
-class FileText
-{
-public:
-    FileText() = default;
-    FileText(std::shared_ptr<const char> bytes, size_t size) : m_bytes{std::move(bytes)}, m_size{size} {}
-
-    std::string_view view() const { return {m_bytes.get(), m_size}; }
-    bool contains(const char* at) const { return at >= m_bytes.get() && at < m_bytes.get() + m_size; }
-
-private:
-    std::shared_ptr<const char> m_bytes;
-    size_t m_size = 0;
-};
+using disk::FileText;
 
 /// A drawing as a reader found it: the text of its file and an index over it. Handed to `AcDbDatabase::adopt`.
 /// Invariant: records stand in file order; the text of each is a piece of `file`; containers do not overlap except

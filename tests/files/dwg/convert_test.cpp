@@ -63,8 +63,8 @@ TEST(ConvertDwg, ABadFileCostsOnlyItself)
     EXPECT_EQ(outcomes[5].reason, "no such thing");
     EXPECT_EQ(outcomes[6].reason, "not a DWG file");
     EXPECT_THAT(outcomes[7].reason, HasSubstr("too old"));
-    EXPECT_EQ(outcomes[8].reason, "cannot be read: No such file or directory");
-    EXPECT_EQ(outcomes[9].reason, "cannot be read: not a regular file");
+    EXPECT_EQ(outcomes[8].reason, "no such file");
+    EXPECT_EQ(outcomes[9].reason, "is not a regular file");
     EXPECT_EQ(outcomes[10].dxf, dxfOf("third"));
     EXPECT_FALSE(workshop.somethingIsLeft());
 }

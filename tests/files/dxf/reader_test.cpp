@@ -1,6 +1,5 @@
 #include "files/dxf/dxf_text.h"
 #include "files/error.h"
-#include "files/file_bytes.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/handle_table.h"
 #include "host/drawing/header_variables.h"
@@ -231,21 +230,4 @@ TEST(TextEncoding, VietnameseSurvivesEveryCodePage)
     EXPECT_EQ(makeTextEncoding(1015, "ANSI_1252")->encode(u"\u1EA3\n\u00E0"), "\\U+1EA3 \xE0");
     EXPECT_EQ(makeTextEncoding(1015, "ANSI_1252")->decode("\\U+1EA3\\M+182A0\\P\\U+12"), u"\u1EA3\u3042\\P\\U+12");
     EXPECT_EQ(makeTextEncoding(1021, "")->decode("a\xFFz\\U+00E2"), u"a\uFFFDz\u00E2");
-}
-
-TEST(ReplaceFile, KeepsTheEarlierFileAndNeverLeavesHalfOfOne)
-{
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "veloxa-replace-test";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-    const std::string path = folder / "a.dxf";
-    files::replaceFile(path, {"one", "", " two"}, true);
-    EXPECT_EQ(files::readFile(path).view(), "one two");
-    files::replaceFile(path, {"three"}, true);
-    EXPECT_EQ(files::readFile(path).view(), "three");
-    EXPECT_EQ(files::readFile(path + ".bak").view(), "one two");
-    EXPECT_THROW(files::replaceFile((folder / "missing" / "b.dxf").string(), {"x"}, true), files::FileError);
-    EXPECT_THROW(files::replaceFile("/dev/null", {"x"}, true), files::FileError);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator{folder}, {}), 2);
-    std::filesystem::remove_all(folder);
 }
