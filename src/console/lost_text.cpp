@@ -1,5 +1,6 @@
 #include "console/lost_text.h"
 
+#include "host/composing.h"
 #include "host/text.h"
 #include "util/tcvn3.h"
 
@@ -43,10 +44,11 @@ std::string codeOf(std::u16string_view character)
 std::vector<LostCharacter> lostCharacters(std::u16string_view text)
 {
     std::vector<LostCharacter> lost;
-    while (!text.empty())
+    const std::u16string letters = composed(text);
+    for (std::u16string_view rest = letters; !rest.empty();)
     {
-        const std::u16string_view character = firstCharacter(text);
-        text.remove_prefix(character.size());
+        const std::u16string_view character = firstCharacter(rest);
+        rest.remove_prefix(character.size());
         if (HasByteForm(character[0]))
             continue;
         const std::string code = codeOf(character);

@@ -1,6 +1,7 @@
 #include "host/text.h"
 
-#include <algorithm>
+#include "host/composing.h"
+
 #include <cstdint>
 
 namespace
@@ -114,22 +115,42 @@ char16_t foldCase(char16_t unit)
     return pair ? static_cast<char16_t>(unit + 1) : unit;
 }
 
+namespace
+{
+
+/// The folded form of the next character of `text`, which is not empty.
+char16_t takeFolded(std::u16string_view& text)
+{
+    return foldCase(takeComposed(text));
+}
+
+} // namespace
+
 std::strong_ordering compareNoCase(std::u16string_view a, std::u16string_view b)
 {
-    return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(),
-                                                  [](char16_t x, char16_t y) { return foldCase(x) <=> foldCase(y); });
+    while (!a.empty() && !b.empty())
+        if (const auto order = takeFolded(a) <=> takeFolded(b); order != 0)
+            return order;
+    return b.empty() <=> a.empty();
 }
 
 bool equalNoCase(std::u16string_view a, std::u16string_view b)
 {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) { return foldCase(x) == foldCase(y); });
+    return compareNoCase(a, b) == 0;
+}
+
+bool startsWithNoCase(std::u16string_view text, std::u16string_view prefix)
+{
+    while (!text.empty() && !prefix.empty())
+        if (takeFolded(text) != takeFolded(prefix))
+            return false;
+    return prefix.empty();
 }
 
 size_t HashNoCase::operator()(std::u16string_view text) const
 {
     uint64_t hash = 0xCBF29CE484222325U;
-    for (const char16_t unit : text)
-        hash = (hash ^ foldCase(unit)) * 0x100000001B3U;
+    while (!text.empty())
+        hash = (hash ^ takeFolded(text)) * 0x100000001B3U;
     return static_cast<size_t>(hash);
 }

@@ -17,11 +17,14 @@ std::u16string toUtf16(std::string_view text);
 /// locale.
 char16_t foldCase(char16_t unit);
 
-/// Compares two texts by their folded code units. `std::strong_ordering::equal` is the one meaning of "the same name"
-/// everywhere in the program.
+/// Compares two texts by their characters, Vietnamese letters composed and all of them folded.
+/// `std::strong_ordering::equal` is the one meaning of "the same name" everywhere in the program.
 std::strong_ordering compareNoCase(std::u16string_view a, std::u16string_view b);
 
 bool equalNoCase(std::u16string_view a, std::u16string_view b);
+
+/// Whether `text` begins with `prefix`, by the same rule.
+bool startsWithNoCase(std::u16string_view text, std::u16string_view prefix);
 
 /// Order for sets and maps keyed by name.
 struct LessNoCase

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/companion/survey_codes.h"
 #include "host/drawing/object_id.h"
 #include "util/scratch_file.h"
 
@@ -10,9 +11,6 @@
 class AcDbObject;
 
 /// What the companion modules have put into the drawing: feature codes on ordinary entities, and alignments.
-
-/// The application whose extended data carries feature codes.
-inline constexpr const char16_t* kSurveyApplication = u"SV_INFOR";
 
 /// Takes the feature codes of entities, for one run over many of them. The drawing keeps codes in 8-bit Vietnamese
 /// form; they become wide text by way of a scratch file in the user's folder, of which only two things show: it holds

@@ -1,5 +1,6 @@
 #include "util/tcvn3.h"
 
+#include "host/composing.h"
 #include "host/tcvn3_letters.h"
 
 #include <algorithm>
@@ -12,10 +13,13 @@ namespace
 constexpr char kNoByte = '?';
 constexpr size_t kEndOfLetters = 0x1F00;
 
+/// The byte of a character that is no letter of the set. A control byte would end the text or swallow letters, so only
+/// a control character has one.
 constexpr char lowByte(size_t unit)
 {
     const auto byte = static_cast<uint8_t>(unit & 0xFF);
-    return byte == 0 ? kNoByte : static_cast<char>(byte);
+    const bool isControl = byte < 0x20 || byte == 0x7F;
+    return byte == 0 || (isControl && unit > 0x7F) ? kNoByte : static_cast<char>(byte);
 }
 
 /// Reaches just past the last letter of the set.
@@ -77,8 +81,11 @@ std::string EncodeText(std::u16string_view text)
 {
     std::string bytes;
     bytes.reserve(text.size());
-    for (const char16_t unit : text)
+    while (!text.empty())
+    {
+        const char16_t unit = takeComposed(text);
         bytes += unit < kEndOfLetters ? kByteOfUnit[unit] : lowByte(unit);
+    }
     return bytes;
 }
 

@@ -12,8 +12,9 @@
 /// zero.
 std::u16string DecodeText(std::string_view bytes);
 
-/// The 8-bit text of `text`: the letters of the set as their byte, everything else as the low byte of its code, and
-/// "?" where that byte is zero.
+/// The 8-bit text of `text`: the letters of the set as their byte, also those that come as a vowel and its marks;
+/// everything else as the low byte of its code, and "?" where that byte is zero or, of a character beyond ASCII, a
+/// control byte.
 std::string EncodeText(std::u16string_view text);
 
 /// Whether a code unit is a character of the set: ASCII or one of the 74 letters. Any other one comes out of

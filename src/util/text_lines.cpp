@@ -41,6 +41,16 @@ void cutLineEnd(std::u16string& line)
         line.pop_back();
 }
 
+/// The bytes of a line with its end. What would end it early, or take the letters behind it, becomes "?".
+std::string bytesOfLine(const std::u16string& line)
+{
+    std::string bytes = EncodeText(line);
+    std::replace_if(
+        bytes.begin(), bytes.end(), [](char byte) { return byte == '\n' || byte == '\r' || byte == 1 || byte == 2; },
+        '?');
+    return bytes + '\n';
+}
+
 } // namespace
 
 std::vector<std::u16string> ReadTextLines(std::u16string_view path)
@@ -69,6 +79,6 @@ bool WriteTextLines(std::u16string_view path, const std::vector<std::u16string>&
         return true;
     std::string bytes;
     for (const std::u16string& line : lines)
-        bytes += EncodeText(line) + '\n';
+        bytes += bytesOfLine(line);
     return ReplaceFile(path, bytes);
 }

@@ -14,6 +14,6 @@ std::vector<std::u16string> ReadTextLines(std::u16string_view path);
 /// The lines of a file with these bytes, as `ReadTextLines` gives them.
 std::vector<std::u16string> DecodeTextLines(std::string bytes);
 
-/// Replaces the file at `path` with `lines`, each ended by LF. No lines: the file is left as it is. False when the
-/// file could not be written; it is then as it was before.
+/// Replaces the file at `path` with `lines`, each ended by LF; a line end or an escape inside a line becomes "?". No
+/// lines: the file is left as it is. False when the file could not be written; it is then as it was before.
 bool WriteTextLines(std::u16string_view path, const std::vector<std::u16string>& lines);

@@ -69,6 +69,33 @@ TEST_F(SurveyInfo, IsTheThirdItemInWideText)
     EXPECT_EQ(read(0xFFFF1), "none");
 }
 
+TEST(SurveyCodes, BytesThatACodePageTakesForMarksAreReadAsVietnamese)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"\xA7\xCCn", "Đèn"},   // grave behind a sign
+        {"L\xF2", "Lũ"},        // dot below behind a consonant
+        {"Be\xCC", "Be\u0300"}, // grave on its letter: text of the code page
+        {"B\\U+00E3 v\xD8\xEC", "Bó vỉỡ"},
+        {"\xA7\xCC\\U+1EA1", "\u00A7\u0300\u1EA1"}, // more than bytes: wide text
+    };
+    TestDrawing drawing{1015, "ANSI_1258"};
+    std::vector<uint64_t> handles;
+    for (const auto& each : cases)
+        handles.push_back(
+            drawing.entity("POINT", std::string{"100\nAcDbPoint\n10\n0\n20\n0\n1001\nSV_INFOR\n1002\n{\n1000\n"} +
+                                        each.first + "\n1002\n}\n"));
+    TestSession session;
+    session.open(drawing.dxf());
+    for (size_t i = 0; i < handles.size(); ++i)
+    {
+        AcDbObjectId id;
+        session.drawing().getAcDbObjectId(id, false, AcDbHandle{handles[i]});
+        std::u16string text;
+        EXPECT_TRUE(ReadSurveyInfo(id, text));
+        EXPECT_EQ(toUtf8(text), cases[i].second);
+    }
+}
+
 TEST_F(SurveyInfo, ScratchFileHoldsTheLastTextAsItIsKept)
 {
     drawing.alignment("T").section("C", {0, 5}, {0, -5});

@@ -75,6 +75,13 @@ TEST(Tcvn3, EscapesBringCodeUnitsAndEndTheTextWhenCutOff)
     EXPECT_EQ(DecodeText("ab\x01\x00\x00yz"s), u"ab");
 }
 
+TEST(Tcvn3, LettersThatComeWithTheirMarksApartGetTheirByte)
+{
+    EXPECT_EQ(EncodeText(u"Co\u0323\u0302t \u0111ie\u0302\u0323n"), EncodeText(u"Cột điện"));
+    EXPECT_EQ(EncodeText(u"a\u0301 \u0301x n\u0303 \u010A \u017F \u0107"), "\xB8 ?x n? ? ? ?") << "no control bytes";
+    EXPECT_EQ(EncodeText(u"a\tb\nc"), "a\tb\nc");
+}
+
 TEST(Tcvn3, WhatHasNoByteIsWrittenAsItsLowByteAndNeverAsZero)
 {
     EXPECT_EQ(EncodeText(u"\x1EA2\x4E2D\xFF41"), "\xA2\x2D\x41") << "a capital with a tone mark, and beyond the set";

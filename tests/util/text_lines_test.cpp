@@ -69,6 +69,13 @@ TEST(TextLines, WhatIsWrittenIsReadBackByteForByte)
     EXPECT_EQ(folder.count(), 1U);
 }
 
+TEST(TextLines, NoCharacterOfALineSplitsItOrSwallowsOthers)
+{
+    const TempFolder folder;
+    ASSERT_TRUE(WriteTextLines(folder.modulePath("a.dv"), {u"a\u010Ab,1", u"\u0101bc", u"d\ne\r", u"\x01xyz", u"f"}));
+    EXPECT_THAT(ReadTextLines(folder.modulePath("a.dv")), ElementsAre(u"a?b,1", u"?bc", u"d?e?", u"?xyz", u"f"));
+}
+
 TEST(TextLines, NothingToWriteOrNoWayToWriteLeavesTheFileAsItWas)
 {
     const TempFolder folder;

@@ -15,15 +15,15 @@ void BlockIndex::load()
         if (container.kind == Container::kEntities)
             m_entities = i;
         if (container.kind == Container::kBlock)
-            m_contents.emplace(m_database.encoding().decode(container.name), i);
+            m_contents.add(m_database.encoding().decode(container.name), i);
     }
     for (const AcDbObjectId id : m_database.tables().live("BLOCK_RECORD"))
     {
-        const auto found = m_contents.find(nameOfRecord(*id.record()));
-        if (found == m_contents.end())
+        const uint32_t* found = m_contents.find(nameOfRecord(*id.record()));
+        if (found == nullptr)
             continue;
-        m_recordOf.emplace(found->second, id.record());
-        m_containerOf.emplace(id.record(), found->second);
+        m_recordOf.emplace(*found, id.record());
+        m_containerOf.emplace(id.record(), *found);
     }
     m_modelSpace = m_database.tables().find("BLOCK_RECORD", u"*Model_Space");
     m_paperSpace = m_database.tables().find("BLOCK_RECORD", u"*Paper_Space");
@@ -81,14 +81,14 @@ AcDbObjectIdArray BlockIndex::entitiesIn(uint32_t index, bool paperSpace)
 Container* BlockIndex::contents(std::u16string_view name)
 {
     load();
-    const auto found = m_contents.find(std::u16string{name});
-    return found != m_contents.end() ? &m_database.store().containers[found->second] : nullptr;
+    const uint32_t* found = m_contents.find(name);
+    return found != nullptr ? &m_database.store().containers[*found] : nullptr;
 }
 
 void BlockIndex::add(const std::u16string& name, ObjectRecord& blockRecord, uint32_t container)
 {
     load();
-    m_contents.insert_or_assign(name, container);
+    m_contents.replace(name, container);
     m_recordOf.insert_or_assign(container, &blockRecord);
     m_containerOf.insert_or_assign(&blockRecord, container);
 }

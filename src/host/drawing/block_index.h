@@ -3,7 +3,7 @@
 #include "host/drawing/object_id.h"
 #include "host/drawing/record.h"
 #include "host/drawing/store.h"
-#include "host/text.h"
+#include "host/name_map.h"
 
 #include <string>
 #include <unordered_map>
@@ -46,7 +46,7 @@ private:
     uint32_t m_entities = npos;
     ObjectRecord* m_modelSpace = nullptr;
     ObjectRecord* m_paperSpace = nullptr;
-    std::unordered_map<std::u16string, uint32_t, HashNoCase, EqualNoCase> m_contents;
+    NameMap<uint32_t> m_contents;
     std::unordered_map<uint32_t, ObjectRecord*> m_recordOf;
     std::unordered_map<const ObjectRecord*, uint32_t> m_containerOf;
 };

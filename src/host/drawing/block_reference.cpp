@@ -74,7 +74,7 @@ void AcDbBlockReference::encode(TagWriter& out) const
 {
     AcDbEntity::encode(out);
     out.text(100, "AcDbBlockReference");
-    out.text(2, m_block.isNull() ? std::string{} : encodeText(nameOfRecord(*m_block.record())));
+    out.text(2, m_block.isNull() ? std::string_view{} : spellingOf(*m_block.record()));
     out.point(10, m_placement.position);
     out.real(41, m_placement.scaleX);
     out.real(42, m_placement.scaleY);

@@ -156,7 +156,7 @@ Acad::ErrorStatus AcDbEntity::setLayer(const char16_t* name, bool doSubents, boo
         return Acad::eOk;
     }
     TagWriter pair;
-    pair.text(dxf::kLayer, encodeText(name));
+    pair.text(dxf::kLayer, drawing->tables().spelling("LAYER", name));
     setPairs(withCommonPair(pairs(), dxf::kLayer, pair.view()));
     if (doSubents)
         changeSubEntities(*this, [&](AcDbEntity& part) { part.setLayer(name); });
@@ -249,7 +249,7 @@ void AcDbEntity::encode(TagWriter& out) const
     out.text(100, "AcDbEntity");
     if (objectId().record()->has(ObjectRecord::kPaperSpace))
         out.integer(67, 1);
-    out.text(dxf::kLayer, encodeText(m_layer.empty() ? u"0" : m_layer));
+    out.text(dxf::kLayer, database()->tables().spelling("LAYER", m_layer.empty() ? u"0" : m_layer));
     if (m_color != kByLayer)
         out.integer(dxf::kColor, m_color);
 }

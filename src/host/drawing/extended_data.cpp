@@ -1,6 +1,7 @@
 #include "host/drawing/extended_data.h"
 
 #include "host/app/host_services.h"
+#include "host/companion/survey_codes.h"
 #include "host/drawing/database.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
@@ -154,7 +155,11 @@ resbuf* AcDbObject::xData(const char16_t* application) const
 {
     const TextEncoding& encoding = m_record->database->encoding();
     const std::string_view own = m_fresh ? std::string_view{m_freshXData} : pairs();
-    return chainFromPairs(findXData(own, application != nullptr ? application : u"", encoding), encoding);
+    const std::u16string_view name = application != nullptr ? application : u"";
+    resbuf* chain = chainFromPairs(findXData(own, name, encoding), encoding);
+    if (equalNoCase(name, kSurveyApplication))
+        restoreSurveyBytes(chain, encoding);
+    return chain;
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain)

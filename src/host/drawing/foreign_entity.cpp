@@ -99,17 +99,22 @@ bool ForeignEntity::isLeftOut(int code) const
     return isTooNew(m_kind, code, version);
 }
 
-void ForeignEntity::useNames(const Tag& tag) const
+/// The table whose records a group code names; none for a code that names nothing.
+std::string_view ForeignEntity::tableOf(int code) const
 {
-    ForeignNames& names = m_values.names();
-    if (tag.code == 8)
-        names.use("LAYER", m_values.decoded(tag));
-    else if (tag.code == 6)
-        names.use("LTYPE", m_values.decoded(tag));
-    else if (tag.code == 7)
-        names.use("STYLE", m_values.decoded(tag));
-    else if (tag.code == 3 && (m_kind == "DIMENSION" || m_kind == "LEADER" || m_kind == "TOLERANCE"))
-        names.use("DIMSTYLE", m_values.decoded(tag));
+    switch (code)
+    {
+    case 3:
+        return m_kind == "DIMENSION" || m_kind == "LEADER" || m_kind == "TOLERANCE" ? "DIMSTYLE" : "";
+    case 6:
+        return "LTYPE";
+    case 7:
+        return "STYLE";
+    case 8:
+        return "LAYER";
+    default:
+        return {};
+    }
 }
 
 std::string ForeignEntity::valueFor(const Tag& tag) const
@@ -121,7 +126,8 @@ std::string ForeignEntity::valueFor(const Tag& tag) const
         return "0";
     if (tag.code == 73 && m_kind == "LEADER")
         return std::string{kNoAnnotation};
-    return m_values.value(tag);
+    const std::string_view table = tableOf(tag.code);
+    return table.empty() ? m_values.value(tag) : m_values.names().use(table, m_values.decoded(tag));
 }
 
 void ForeignEntity::carry(const Tag& tag)
@@ -132,7 +138,6 @@ void ForeignEntity::carry(const Tag& tag)
         return;
     if (oneOf(tag.code, {6, 7, 8}) && !canName(m_values.decoded(tag)))
         return; // the entity gets what it has without one
-    useNames(tag);
     m_pairs.push_back({tag.code, valueFor(tag)});
 }
 

@@ -24,7 +24,7 @@ public:
 private:
     void carryOwn(std::string_view pairs);
     void carry(const Tag& tag);
-    void useNames(const Tag& tag) const;
+    std::string_view tableOf(int code) const;
     bool isLeftOut(int code) const;
     std::string valueFor(const Tag& tag) const;
 

@@ -37,11 +37,16 @@ std::string_view markerOf(std::string_view table)
 
 } // namespace
 
-void ForeignNames::use(std::string_view table, const std::u16string& name)
+std::string ForeignNames::use(std::string_view table, const std::u16string& name)
 {
     const uint32_t container = m_target.tables().container(table);
-    if (name.empty() || container == TableIndex::npos || m_target.tables().find(table, name) != nullptr)
-        return;
+    if (!name.empty() && container != TableIndex::npos && m_target.tables().find(table, name) == nullptr)
+        make(table, name, container);
+    return m_target.tables().spelling(table, name);
+}
+
+void ForeignNames::make(std::string_view table, const std::u16string& name, uint32_t container)
+{
     const ObjectRecord* original = m_source.tables().find(table, name);
     const std::string_view pairs = original != nullptr ? original->view() : std::string_view{};
     ObjectRecord& record = m_target.addRecord(container, table);
@@ -71,10 +76,10 @@ void ForeignNames::writeLayer(TagWriter& out, std::string_view pairs)
     constexpr int kFrozenOrLocked = 1 | 2 | 4;
     constexpr int64_t kDefaultLineWeight = -3;
     const std::u16string linetype = m_source.encoding().decode(valueOf(pairs, 6, "Continuous").word());
-    use("LTYPE", linetype);
+    const std::string linetypeName = use("LTYPE", linetype);
     out.integer(70, valueOf(pairs, 70, "0").integer() & kFrozenOrLocked);
     out.integer(62, std::clamp<int64_t>(valueOf(pairs, 62, "7").integer(), -255, 255));
-    out.text(6, m_target.encoding().encode(linetype));
+    out.text(6, linetypeName);
     if (const Tag color = valueOf(pairs, 420, {}); !color.value.empty() && m_target.version() >= kR2004)
         out.integer(420, color.integer());
     out.integer(290, valueOf(pairs, 290, "1").integer() != 0 ? 1 : 0);

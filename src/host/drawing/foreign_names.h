@@ -12,10 +12,11 @@ class ForeignNames
 public:
     ForeignNames(AcDbDatabase& source, AcDbDatabase& target) : m_source{source}, m_target{target} {}
 
-    /// `table` as in drawing files: LAYER, LTYPE, STYLE, DIMSTYLE or APPID.
-    void use(std::string_view table, const std::u16string& name);
+    /// `table` as in drawing files: LAYER, LTYPE, STYLE, DIMSTYLE or APPID. Answers the name as the target spells it.
+    std::string use(std::string_view table, const std::u16string& name);
 
 private:
+    void make(std::string_view table, const std::u16string& name, uint32_t container);
     void writeLayer(TagWriter& out, std::string_view pairs);
     void writeLinetype(TagWriter& out, std::string_view pairs) const;
     void writeStyle(TagWriter& out, std::string_view pairs);

@@ -56,13 +56,12 @@ std::string ForeignPairs::extendedData(std::string_view pairs, std::string_view 
         {
             taken = tag.word() != without;
             if (taken)
-                m_names.use("APPID", decoded(tag));
+                out.text(tag.code, m_names.use("APPID", decoded(tag)));
         }
-        if (!taken)
-            continue;
-        if (tag.code == dxf::kXLayer)
-            m_names.use("LAYER", decoded(tag));
-        out.text(tag.code, tag.code == dxf::kXReference ? std::string{"0"} : value(tag));
+        else if (taken && tag.code == dxf::kXLayer)
+            out.text(tag.code, m_names.use("LAYER", decoded(tag)));
+        else if (taken)
+            out.text(tag.code, tag.code == dxf::kXReference ? std::string{"0"} : value(tag));
     }
     return out.take();
 }

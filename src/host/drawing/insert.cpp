@@ -122,7 +122,7 @@ void BlockCarrier::carryEntity(ObjectRecord& entity, uint32_t container, uint64_
     if (kind == "POLYLINE" && !followed)
         return;
     ObjectRecord& record = m_target.addRecord(container, kind);
-    const std::string name = needsBlock ? m_target.encoding().encode(block->second) : std::string{};
+    const std::string name = needsBlock ? m_target.tables().spelling("BLOCK_RECORD", block->second) : std::string{};
     m_target.setRecordText(record, m_entity.write(kind, entity.view(), record.handle, owner, name, followed));
     if (followed)
         carrySubEntities(parts, container, record.handle);
@@ -133,8 +133,8 @@ void BlockCarrier::carryPicture(const ObjectRecord& dimension, const std::u16str
                                 uint64_t owner)
 {
     ObjectRecord& record = m_target.addRecord(container, "INSERT");
-    m_target.setRecordText(
-        record, m_entity.writePicture(dimension.view(), record.handle, owner, m_target.encoding().encode(block)));
+    m_target.setRecordText(record, m_entity.writePicture(dimension.view(), record.handle, owner,
+                                                         m_target.tables().spelling("BLOCK_RECORD", block)));
 }
 
 void BlockCarrier::carrySubEntities(const std::vector<ObjectRecord*>& parts, uint32_t container, uint64_t owner)

@@ -157,7 +157,7 @@ void AcDbLayerTableRecord::encode(TagWriter& out) const
     out.text(2, encodeText(getName()));
     out.integer(70, m_flags);
     out.integer(62, m_off ? -m_color.colorIndex() : m_color.colorIndex());
-    out.text(6, m_linetype.isNull() ? "Continuous" : encodeText(nameOfRecord(*m_linetype.record())));
+    out.text(6, m_linetype.isNull() ? "Continuous" : spellingOf(*m_linetype.record()));
     out.integer(370, kDefaultLineWeight);
     if (const uint64_t plotStyle = plotStyleOfLayers(*database()); plotStyle != 0)
         out.handle(390, plotStyle);

@@ -5,14 +5,19 @@
 
 #include <algorithm>
 
-std::u16string nameOfRecord(const ObjectRecord& record)
+std::string_view spellingOf(const ObjectRecord& record)
 {
     TagReader reader{record.view()};
     Tag tag;
     while (reader.next(tag))
         if (tag.code == 2)
-            return record.database->encoding().decode(tag.word());
+            return tag.word();
     return {};
+}
+
+std::u16string nameOfRecord(const ObjectRecord& record)
+{
+    return record.database->encoding().decode(spellingOf(record));
 }
 
 TableIndex::Table& TableIndex::load(std::string_view name)
@@ -41,7 +46,7 @@ void TableIndex::read(Table& table)
         break;
     }
     for (ObjectRecord* record : table.records)
-        table.byName.emplace(nameOfRecord(*record), record);
+        table.byName.add(nameOfRecord(*record), record);
 }
 
 ObjectRecord* TableIndex::table(std::string_view name)
@@ -58,10 +63,15 @@ uint32_t TableIndex::container(std::string_view table)
 ObjectRecord* TableIndex::find(std::string_view tableName, std::u16string_view name, bool erasedToo)
 {
     const Table& table = load(tableName);
-    const auto found = table.byName.find(name);
-    if (found == table.byName.end() || (!erasedToo && found->second->has(ObjectRecord::kErased)))
-        return nullptr;
-    return found->second;
+    ObjectRecord* const* found = table.byName.find(name);
+    return found != nullptr && (erasedToo || !(*found)->has(ObjectRecord::kErased)) ? *found : nullptr;
+}
+
+std::string TableIndex::spelling(std::string_view table, std::u16string_view name)
+{
+    const ObjectRecord* record = find(table, name);
+    const std::string_view own = record != nullptr ? spellingOf(*record) : std::string_view{};
+    return own.empty() ? m_database.encoding().encode(name) : std::string{own};
 }
 
 AcDbObjectIdArray TableIndex::live(std::string_view tableName)
@@ -78,5 +88,5 @@ void TableIndex::add(std::string_view tableName, const std::u16string& name, Obj
     Table& table = load(tableName);
     if (std::find(table.records.begin(), table.records.end(), &record) == table.records.end())
         table.records.push_back(&record);
-    table.byName.insert_or_assign(name, &record);
+    table.byName.replace(name, &record);
 }

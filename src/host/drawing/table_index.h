@@ -2,11 +2,10 @@
 
 #include "host/drawing/object_id.h"
 #include "host/drawing/record.h"
-#include "host/text.h"
+#include "host/name_map.h"
 
 #include <list>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 class AcDbDatabase;
@@ -22,6 +21,9 @@ public:
     ObjectRecord* table(std::string_view name);
     /// The record of a name; null when there is none, or when it is erased and not asked for.
     ObjectRecord* find(std::string_view table, std::u16string_view name, bool erasedToo = false);
+    /// The bytes by which an object of the drawing names a record: those of the record itself. The name as the drawing
+    /// writes it when there is no such record.
+    std::string spelling(std::string_view table, std::u16string_view name);
     /// Live records in table order.
     AcDbObjectIdArray live(std::string_view table);
     /// Makes a record that was just added known by its name.
@@ -37,7 +39,7 @@ private:
         std::string name;
         uint32_t container = npos;
         std::vector<ObjectRecord*> records;
-        std::unordered_map<std::u16string, ObjectRecord*, HashNoCase, EqualNoCase> byName;
+        NameMap<ObjectRecord*> byName;
     };
 
     Table& load(std::string_view name);
@@ -47,5 +49,8 @@ private:
     std::list<Table> m_tables; ///< a handful: looked through, not hashed
 };
 
-/// The name (code 2) of a table record, decoded.
+/// The name (code 2) of a table record as the file spells it; empty before the record is written.
+std::string_view spellingOf(const ObjectRecord& record);
+
+/// The same, decoded.
 std::u16string nameOfRecord(const ObjectRecord& record);

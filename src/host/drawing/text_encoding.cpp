@@ -1,12 +1,11 @@
 #include "host/drawing/text_encoding.h"
 
+#include "host/drawing/code_page.h"
 #include "host/text.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cerrno>
-#include <iconv.h>
 #include <optional>
 #include <utility>
 
@@ -14,74 +13,7 @@ namespace
 {
 
 constexpr int kFirstUtf8Version = 1021;
-
-/// A conversion of the C library, closed when done.
-class Converter
-{
-public:
-    Converter(const char* to, const char* from) : m_state{iconv_open(to, from)} {}
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-    ~Converter()
-    {
-        if (isOpen())
-            iconv_close(m_state);
-    }
-
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how iconv_open says that it failed
-    bool isOpen() const { return m_state != reinterpret_cast<iconv_t>(-1); }
-
-    /// Converts as much of `input` as has a meaning, moving it forward; the rest begins with what has none.
-    std::string convert(std::string_view& input) const
-    {
-        std::string result;
-        iconv(m_state, nullptr, nullptr, nullptr, nullptr);
-        char buffer[512];
-        auto* from = const_cast<char*>(input.data());
-        size_t left = input.size();
-        for (bool flushing = false;;)
-        {
-            char* to = buffer;
-            size_t room = sizeof buffer;
-            const size_t status =
-                flushing ? iconv(m_state, nullptr, nullptr, &to, &room) : iconv(m_state, &from, &left, &to, &room);
-            result.append(buffer, static_cast<size_t>(to - buffer));
-            const bool full = status == static_cast<size_t>(-1) && errno == E2BIG;
-            if (!full && flushing)
-                break;
-            flushing = flushing || !full;
-        }
-        input.remove_prefix(input.size() - left);
-        return result;
-    }
-
-private:
-    iconv_t m_state;
-};
-
-std::u16string unitsOf(std::string_view utf16le)
-{
-    std::u16string text;
-    for (size_t i = 0; i + 1 < utf16le.size(); i += 2)
-        text += static_cast<char16_t>(static_cast<unsigned char>(utf16le[i]) |
-                                      static_cast<unsigned char>(utf16le[i + 1]) << 8);
-    return text;
-}
-
-/// The C library's name of a drawing's code page ("ANSI_1258", "dos437", "gb2312", ...).
-std::string converterName(std::string_view codePage)
-{
-    std::string name;
-    for (const char c : codePage)
-        name += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    if (name.starts_with("ANSI_") || name.starts_with("DOS_"))
-        name = "CP" + name.substr(name.find('_') + 1);
-    else if (name.starts_with("DOS") || name.starts_with("ANSI"))
-        name = "CP" + name.substr(name.find_first_of("0123456789"));
-    else if (name.starts_with("ISO8859") || name.starts_with("ISO_8859"))
-        name = "ISO-8859-" + name.substr(std::min(name.size(), name.find_last_not_of("0123456789") + 1));
-    return name == "CP950" ? "BIG5" : name == "CP936" ? "GBK" : name == "CP949" ? "UHC" : name;
-}
+constexpr std::string_view kDefaultCodePage = "ANSI_1252";
 
 std::optional<char16_t> hexUnit(std::string_view digits)
 {
@@ -114,16 +46,49 @@ void appendEscape(std::string& out, char16_t unit)
         out += kDigits[(unit >> shift) & 15];
 }
 
+/// `\M+nXXXX`: two bytes in the n-th of the East Asian code pages.
+std::optional<std::u16string> multiByte(char page, std::string_view digits)
+{
+    static constexpr std::array<const char*, 5> kPages{"CP932", "BIG5", "UHC", "JOHAB", "GBK"};
+    const auto code = hexUnit(digits);
+    if (!code || page < '1' || page > '5')
+        return std::nullopt;
+    const std::unique_ptr<const CodePage> codePage = CodePage::find(kPages[static_cast<size_t>(page - '1')]);
+    if (codePage == nullptr)
+        return std::nullopt;
+    const char pair[] = {static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
+    std::u16string text = codePage->decode({pair, sizeof pair});
+    return text.find(u'\uFFFD') == text.npos ? std::optional{text} : std::nullopt;
+}
+
+/// `bytes` starts with a backslash: takes it, with the escape it begins when it begins one.
+void takeEscape(std::string_view& bytes, std::u16string& text)
+{
+    if (bytes.size() >= 7 && (bytes[1] == 'U' || bytes[1] == 'u') && bytes[2] == '+')
+        if (const auto unit = hexUnit(bytes.substr(3, 4)))
+        {
+            text += *unit;
+            bytes.remove_prefix(7);
+            return;
+        }
+    if (bytes.size() >= 8 && (bytes[1] == 'M' || bytes[1] == 'm') && bytes[2] == '+')
+        if (const auto wide = multiByte(bytes[3], bytes.substr(4, 4)))
+        {
+            text += *wide;
+            bytes.remove_prefix(8);
+            return;
+        }
+    text += u'\\';
+    bytes.remove_prefix(1);
+}
+
 class DrawingEncoding : public TextEncoding
 {
 public:
-    DrawingEncoding(bool utf8, const std::string& page)
-        : m_utf8{utf8}, m_decoder{"UTF-16LE", page.c_str()}, m_encoder{page.c_str(), "UTF-16LE"}
-    {
-    }
+    /// Without a code page: UTF-8.
+    explicit DrawingEncoding(std::unique_ptr<const CodePage> page) : m_page{std::move(page)} {}
 
-    bool isKnown() const { return m_utf8 || (m_decoder.isOpen() && m_encoder.isOpen()); }
-    bool isUtf8() const override { return m_utf8; }
+    bool isUtf8() const override { return m_page == nullptr; }
 
     std::u16string decode(std::string_view bytes) const override
     {
@@ -147,7 +112,7 @@ public:
         std::u16string line{text};
         std::replace_if(
             line.begin(), line.end(), [](char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == 0; }, u' ');
-        if (m_utf8)
+        if (isUtf8())
             return toUtf8(line);
         std::string out;
         for (const char16_t unit : line)
@@ -158,82 +123,42 @@ public:
         return out;
     }
 
-private:
-    std::u16string decodeRun(std::string_view bytes) const
+    std::optional<std::u16string> bytesOf(std::u16string_view text) const override
     {
-        if (m_utf8)
-            return toUtf16(bytes);
-        std::u16string text;
-        while (!bytes.empty())
+        if (isUtf8() || !m_page->isSingleByte())
+            return std::nullopt;
+        std::u16string bytes;
+        for (const char16_t unit : text)
         {
-            text += unitsOf(m_decoder.convert(bytes));
-            if (!bytes.empty())
-            {
-                text += u'\uFFFD';
-                bytes.remove_prefix(1);
-            }
+            const std::string byte = unit < 0x80 ? std::string{} : m_page->encode(unit);
+            if (byte.empty() && unit > 0xFF)
+                return std::nullopt;
+            bytes += byte.empty() ? unit : static_cast<char16_t>(static_cast<unsigned char>(byte.front()));
         }
-        return text;
+        return bytes;
     }
 
-    /// `bytes` starts with a backslash: takes it, with the escape it begins when it begins one.
-    static void takeEscape(std::string_view& bytes, std::u16string& text)
-    {
-        if (bytes.size() >= 7 && (bytes[1] == 'U' || bytes[1] == 'u') && bytes[2] == '+')
-            if (const auto unit = hexUnit(bytes.substr(3, 4)))
-            {
-                text += *unit;
-                bytes.remove_prefix(7);
-                return;
-            }
-        if (bytes.size() >= 8 && (bytes[1] == 'M' || bytes[1] == 'm') && bytes[2] == '+')
-            if (const auto wide = multiByte(bytes[3], bytes.substr(4, 4)))
-            {
-                text += *wide;
-                bytes.remove_prefix(8);
-                return;
-            }
-        text += u'\\';
-        bytes.remove_prefix(1);
-    }
-
-    /// `\M+nXXXX`: two bytes in the n-th of the East Asian code pages.
-    static std::optional<std::u16string> multiByte(char page, std::string_view digits)
-    {
-        static constexpr std::array<const char*, 5> kPages{"CP932", "BIG5", "UHC", "JOHAB", "GBK"};
-        const auto code = hexUnit(digits);
-        if (!code || page < '1' || page > '5')
-            return std::nullopt;
-        const Converter converter{"UTF-16LE", kPages[static_cast<size_t>(page - '1')]};
-        const char pair[] = {static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
-        std::string_view input{pair, sizeof pair};
-        if (!converter.isOpen())
-            return std::nullopt;
-        std::u16string text = unitsOf(converter.convert(input));
-        return input.empty() ? std::optional{text} : std::nullopt;
-    }
+private:
+    std::u16string decodeRun(std::string_view bytes) const { return isUtf8() ? toUtf16(bytes) : m_page->decode(bytes); }
 
     void appendEncoded(std::string& out, char16_t unit) const
     {
-        const char pair[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-        std::string_view input{pair, sizeof pair};
-        const std::string bytes = unit >= 0xD800 && unit < 0xE000 ? std::string{} : m_encoder.convert(input);
-        if (bytes.empty() || !input.empty())
+        const std::string bytes = m_page->encode(unit);
+        if (bytes.empty())
             appendEscape(out, unit);
         else
             out += bytes;
     }
 
-    bool m_utf8;
-    Converter m_decoder;
-    Converter m_encoder;
+    std::unique_ptr<const CodePage> m_page;
 };
 
 } // namespace
 
 std::shared_ptr<const TextEncoding> makeTextEncoding(int version, std::string_view codePage)
 {
-    const bool utf8 = version >= kFirstUtf8Version;
-    auto encoding = std::make_shared<DrawingEncoding>(utf8, converterName(codePage));
-    return encoding->isKnown() ? encoding : std::make_shared<DrawingEncoding>(utf8, "CP1252");
+    if (version >= kFirstUtf8Version)
+        return std::make_shared<DrawingEncoding>(nullptr);
+    std::unique_ptr<const CodePage> page = CodePage::find(codePage);
+    return std::make_shared<DrawingEncoding>(page != nullptr ? std::move(page) : CodePage::find(kDefaultCodePage));
 }

@@ -126,7 +126,7 @@ void AcDbText::encode(TagWriter& out) const
     if (m_rotation != 0.0)
         out.real(50, m_rotation * 180.0 / std::numbers::pi);
     if (!m_style.isNull() && m_style.record()->length > 0)
-        out.text(7, encodeText(nameOfRecord(*m_style.record())));
+        out.text(7, spellingOf(*m_style.record()));
     if (m_horizontal != AcDb::kTextLeft)
     {
         out.integer(72, m_horizontal);

@@ -64,8 +64,7 @@ int CComboBox::FindStringExact(std::u16string_view text) const
 
 int CComboBox::SelectString(std::u16string_view prefix)
 {
-    const auto begins = [prefix](const std::u16string& item)
-    { return equalNoCase(std::u16string_view{item}.substr(0, prefix.size()), prefix); };
+    const auto begins = [prefix](const std::u16string& item) { return startsWithNoCase(item, prefix); };
     const auto found = std::find_if(m_items.begin(), m_items.end(), begins);
     if (found == m_items.end())
         return -1;
