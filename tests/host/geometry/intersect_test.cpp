@@ -1,5 +1,6 @@
 #include "host/geometry/intersect.h"
 #include "host/geometry/paths.h"
+#include "support/cases.h"
 
 #include <gtest/gtest.h>
 
@@ -9,49 +10,71 @@ using namespace paths;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Intersect, PointsComeInOrderAlongTheFirstPath)
+namespace
 {
-    const CurvePath comb = level({{0, -1}, {0, 1}, {1, 1}, {1, -1}, {2, -1}, {2, 1}});
-    const CurvePath line = segment(5, 0, -5, 0);
-    EXPECT_THAT(intersect(comb, line), ElementsAre(At(0, 0), At(1, 0), At(2, 0)));
-    EXPECT_THAT(intersect(line, comb), ElementsAre(At(2, 0), At(1, 0), At(0, 0)));
+
+AcGePoint3d pointOf(const std::vector<double>& numbers)
+{
+    return {numbers.at(0), numbers.at(1), numbers.size() > 2 ? numbers[2] : 0.0};
 }
 
-TEST(Intersect, BothPathsAreBounded)
+/// The path that the words of a case describe.
+CurvePath pathOf(const std::vector<std::string>& words)
 {
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(5, 1, 5, 0.001)), IsEmpty());
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(10.001, -1, 10.001, 1)), IsEmpty());
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(0, 3, 10, 3)), IsEmpty());
+    double elevation = 0.0;
+    bool isClosed = false;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    std::vector<PathVertex> vertices;
+    AcGePoint3dArray points;
+    const auto angle = [&words](size_t at) { return std::stod(words.at(at)) * std::numbers::pi / 180.0; };
+    for (size_t at = 0; at < words.size(); ++at)
+    {
+        const std::string& word = words[at];
+        if (word == "circle")
+            return CurvePath::circle(pointOf(numbersOf(words.at(at + 1))), std::stod(words.at(at + 2)), normal);
+        if (word == "arc")
+            return CurvePath::arc(pointOf(numbersOf(words.at(at + 1))), std::stod(words.at(at + 2)), angle(at + 3),
+                                  angle(at + 4), normal);
+        if (word == "space")
+        {
+            while (++at < words.size())
+                points.push_back(pointOf(numbersOf(words[at])));
+            return CurvePath::space(points);
+        }
+        if (word == "closed")
+            isClosed = true;
+        else if (word.starts_with("z="))
+            elevation = std::stod(word.substr(2));
+        else if (word.starts_with("n="))
+            normal = pointOf(numbersOf(word.substr(2))).asVector();
+        else
+        {
+            const std::vector<double> numbers = numbersOf(word);
+            vertices.push_back({numbers.at(0), numbers.at(1), numbers.size() > 2 ? numbers[2] : 0.0});
+        }
+    }
+    return CurvePath::plane(std::move(vertices), isClosed, elevation, normal);
 }
 
-TEST(Intersect, TouchingEndsCount)
-{
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(5, 1, 5, 0)), ElementsAre(At(5, 0)));
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(10, 0, 12, 4)), ElementsAre(At(10, 0)));
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(10, 0, 20, 0)), ElementsAre(At(10, 0)));
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), segment(-7, 0, 0, 0)), ElementsAre(At(0, 0)));
-    EXPECT_THAT(intersect(segment(0, 0, 1, 0), segment(1, 0, 100, 0)), ElementsAre(At(1, 0)));
-}
+} // namespace
 
-TEST(Intersect, AVertexSharedBySegmentsIsOnePoint)
+TEST(Intersect, GivesThePlacesOfTheCases)
 {
-    const CurvePath line = segment(-5, 0, 5, 0);
-    EXPECT_THAT(intersect(level({{0, 1}, {1, 0}, {2, 1}}), line), ElementsAre(At(1, 0)));
-    EXPECT_THAT(intersect(level({{0, 1}, {1, 0}, {1, 0}, {2, -1}}), line), ElementsAre(At(1, 0)));
-    EXPECT_THAT(intersect(line, level({{0, 1}, {1, 0}, {2, 1}})), ElementsAre(At(1, 0)));
-    EXPECT_THAT(intersect(closed({{1, 0}, {2, 1}, {3, 0}, {2, -1}}), line), ElementsAre(At(1, 0), At(3, 0)));
-    EXPECT_THAT(intersect(level({{1, 0}, {2, 1}, {3, 0}, {2, -1}, {1, 0}}), line), ElementsAre(At(1, 0), At(3, 0)));
-}
-
-TEST(Intersect, SegmentsOnOneAnotherGiveNone)
-{
-    const CurvePath line = segment(0, 0, 10, 0);
-    EXPECT_THAT(intersect(line, line), IsEmpty());
-    EXPECT_THAT(intersect(line, segment(3, 0, 4, 0)), IsEmpty());
-    EXPECT_THAT(intersect(line, segment(9, 0, 4, 0)), IsEmpty());
-    EXPECT_THAT(intersect(line, segment(-5, 0, 15, 0)), IsEmpty());
-    // The neighbours of a covered segment still touch with their ends.
-    EXPECT_THAT(intersect(level({{2, 5}, {2, 0}, {6, 0}, {6, -5}}), line), ElementsAre(At(2, 0), At(6, 0)));
+    const std::vector<Case> cases = readCases("crossings.txt");
+    EXPECT_GT(cases.size(), 50U);
+    for (const Case& each : cases)
+    {
+        SCOPED_TRACE(each.name);
+        ASSERT_EQ(each.fields.size(), 3U);
+        std::vector<testing::Matcher<AcGePoint3d>> places;
+        for (const std::string& word : each.fields[2])
+            if (word != "none")
+            {
+                const AcGePoint3d at = pointOf(numbersOf(word));
+                places.emplace_back(At(at.x, at.y, at.z));
+            }
+        EXPECT_THAT(intersect(pathOf(each.fields[0]), pathOf(each.fields[1])), testing::ElementsAreArray(places));
+    }
 }
 
 TEST(Intersect, AVertexIsAnsweredExactly)
@@ -60,38 +83,6 @@ TEST(Intersect, AVertexIsAnsweredExactly)
     ASSERT_EQ(points.size(), 1U);
     EXPECT_EQ(points[0].x, 0.2);
     EXPECT_EQ(points[0].y, 1e-17);
-}
-
-TEST(Intersect, ElevationsMustAgree)
-{
-    const CurvePath low = level({{0, 0}, {10, 0}}, 5.0);
-    EXPECT_THAT(intersect(low, level({{5, -1}, {5, 1}}, 5.0)), ElementsAre(At(5, 0, 5)));
-    EXPECT_THAT(intersect(low, level({{5, -1}, {5, 1}}, 5.001)), IsEmpty());
-    EXPECT_THAT(intersect(low, level({{5, -1}, {5, 1}}, kNan)), IsEmpty());
-    EXPECT_THAT(intersect(low, CurvePath::line({5, -1, 5}, {5, 1, 5})), ElementsAre(At(5, 0, 5)));
-    EXPECT_THAT(intersect(low, CurvePath::line({5, -1, 4}, {5, 1, 6})), ElementsAre(At(5, 0, 5)));
-    EXPECT_THAT(intersect(low, CurvePath::line({5, -1, 4}, {5, 1, 7})), IsEmpty());
-}
-
-TEST(Intersect, ArcsMeetLines)
-{
-    const CurvePath circle = CurvePath::circle({0, 0, 0}, 5);
-    EXPECT_THAT(intersect(segment(-10, 3, 10, 3), circle), ElementsAre(At(-4, 3), At(4, 3)));
-    EXPECT_THAT(intersect(circle, segment(-10, 3, 10, 3)), ElementsAre(At(4, 3), At(-4, 3)));
-    EXPECT_THAT(intersect(segment(-10, 5, 10, 5), circle), ElementsAre(At(0, 5)));
-    EXPECT_THAT(intersect(segment(-10, 5.001, 10, 5.001), circle), IsEmpty());
-    EXPECT_THAT(intersect(segment(0, 0, 1, 1), circle), IsEmpty());
-    EXPECT_THAT(intersect(segment(0, 0, 10, 0), circle), ElementsAre(At(5, 0)));
-
-    const CurvePath leftQuarter = level({{5, 0, std::tan(std::numbers::pi / 8)}, {0, 5}});
-    EXPECT_THAT(intersect(segment(-9, 4, 9, 4), leftQuarter), ElementsAre(At(3, 4)));
-    EXPECT_THAT(intersect(segment(-9, -4, 9, -4), leftQuarter), IsEmpty());
-    const CurvePath rightHalf = level({{5, 0, -1}, {-5, 0}});
-    EXPECT_THAT(intersect(segment(3, 9, 3, -9), rightHalf), ElementsAre(At(3, -4)));
-    EXPECT_THAT(intersect(segment(0, 0, 5, 0), rightHalf), ElementsAre(At(5, 0)));
-    const CurvePath threeQuarters = CurvePath::arc({0, 0, 0}, 5, 0, 1.5 * std::numbers::pi);
-    EXPECT_THAT(intersect(threeQuarters, segment(-9, 9, 9, -9)),
-                ElementsAre(At(-5 * std::numbers::sqrt2 / 2, 5 * std::numbers::sqrt2 / 2)));
 }
 
 TEST(Intersect, AnArcThatIsNearlyStraightBehavesLikeItsChord)
@@ -108,49 +99,6 @@ TEST(Intersect, AnArcThatIsNearlyStraightBehavesLikeItsChord)
         EXPECT_THAT(intersect(segment(1001, -10, 1001, 10), flat), IsEmpty());
         EXPECT_THAT(intersect(segment(1000, 0, 1000, 10), flat), ElementsAre(At(1000, 0)));
     }
-}
-
-TEST(Intersect, ArcsMeetArcs)
-{
-    const CurvePath left = CurvePath::circle({0, 0, 0}, 5);
-    EXPECT_THAT(intersect(left, CurvePath::circle({6, 0, 0}, 5)), ElementsAre(At(3, 4), At(3, -4)));
-    EXPECT_THAT(intersect(left, CurvePath::circle({8, 0, 0}, 3)), ElementsAre(At(5, 0)));
-    EXPECT_THAT(intersect(left, CurvePath::circle({2, 0, 0}, 3)), ElementsAre(At(5, 0)));
-    EXPECT_THAT(intersect(left, CurvePath::circle({0, 0, 0}, 4)), IsEmpty());
-    EXPECT_THAT(intersect(left, CurvePath::circle({11, 0, 0}, 5)), IsEmpty());
-    EXPECT_THAT(intersect(level({{5, 0, 1}, {-5, 0}}), CurvePath::arc({0, 0, 0}, 5, 1, 2)), IsEmpty());
-    EXPECT_THAT(intersect(level({{5, 0, 1}, {-5, 0}}), level({{-5, 0, -1}, {5, 0}})), IsEmpty());
-    // The halves of a circle touch with both their ends.
-    EXPECT_THAT(intersect(level({{5, 0, 1}, {-5, 0}}), level({{-5, 0, 1}, {5, 0}})), ElementsAre(At(5, 0), At(-5, 0)));
-}
-
-TEST(Intersect, MirroredAndSlantedPlanesCount)
-{
-    const AcGeVector3d down = -AcGeVector3d::kZAxis;
-    const CurvePath mirrored = CurvePath::plane({{-5, 0, 1}, {5, 0}}, false, -2, down);
-    EXPECT_THAT(intersect(mirrored, level({{3, -9}, {3, 9}}, 2)), ElementsAre(At(3, -4, 2)));
-    EXPECT_THAT(intersect(level({{3, -9}, {3, 9}}, 2), mirrored), ElementsAre(At(3, -4, 2)));
-    EXPECT_THAT(intersect(level({{3, -9}, {3, 9}}, -2), mirrored), IsEmpty());
-
-    const CurvePath upright = CurvePath::circle({0, 0, 0}, 5, {0, -1, 0});
-    EXPECT_THAT(intersect(level({{-9, 0}, {9, 0}}, 3), upright), ElementsAre(At(-4, 0, 3), At(4, 0, 3)));
-    EXPECT_THAT(intersect(level({{4, -9}, {4, 9}}, 3), upright), ElementsAre(At(4, 0, 3)));
-    EXPECT_THAT(intersect(level({{4.1, -9}, {4.1, 9}}, 3), upright), IsEmpty());
-    EXPECT_THAT(intersect(upright, CurvePath::circle({0, 0, 0}, 5)), ElementsAre(At(5, 0, 0), At(-5, 0, 0)));
-    const CurvePath other = CurvePath::plane({{-9, 3}, {9, 3}}, false, 0, {0, 1, 0});
-    EXPECT_THAT(intersect(other, upright), ElementsAre(At(4, 0, 3), At(-4, 0, 3)));
-    EXPECT_THAT(intersect(upright, CurvePath::plane({{-9, 3}, {9, 3}}, false, 1, {0, 1, 0})), IsEmpty());
-}
-
-TEST(Intersect, PathsInSpaceMeetWhereTheyReallyDo)
-{
-    const AcGePoint3d points[] = {{0, 0, 0}, {10, 10, 10}, {20, 0, 0}};
-    const CurvePath roof = CurvePath::space(points);
-    EXPECT_THAT(intersect(roof, CurvePath::line({0, 5, 5}, {20, 5, 5})), ElementsAre(At(5, 5, 5), At(15, 5, 5)));
-    EXPECT_THAT(intersect(roof, CurvePath::line({0, 5, 6}, {20, 5, 6})), IsEmpty());
-    EXPECT_THAT(intersect(roof, CurvePath::line({10, 10, 10}, {10, 10, 30})), ElementsAre(At(10, 10, 10)));
-    EXPECT_THAT(intersect(roof, CurvePath::line({-5, -5, -5}, {5, 5, 5})), IsEmpty());
-    EXPECT_THAT(intersect(roof, CurvePath::line({-5, -5, -5}, {0, 0, 0})), ElementsAre(At(0, 0, 0)));
 }
 
 TEST(Intersect, WorksFarFromTheOrigin)

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+/// A line of a file of cases: fields parted by "|", each of words parted by blanks. `name` tells which case failed: the
+/// heading it stands under, and its line.
+struct Case
+{
+    std::string name;
+    std::vector<std::vector<std::string>> fields;
+};
+
+/// The cases of tests/cases/FILE. Lines that begin with "#" are comments, [headings] stand in brackets.
+inline std::vector<Case> readCases(const std::string& file)
+{
+    std::ifstream in(std::filesystem::path(VELOXA_SOURCE_DIR) / "tests" / "cases" / file);
+    std::vector<Case> cases;
+    std::string heading;
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number)
+    {
+        if (line.empty() || line.front() == '#')
+            continue;
+        if (line.front() == '[')
+        {
+            heading = line.substr(1, line.find(']') - 1);
+            continue;
+        }
+        Case& added = cases.emplace_back();
+        added.name = heading + " (" + file + ", line " + std::to_string(number) + ": " + line + ")";
+        added.fields.emplace_back();
+        std::istringstream words(line);
+        for (std::string word; words >> word;)
+            if (word == "|")
+                added.fields.emplace_back();
+            else
+                added.fields.back().push_back(word);
+    }
+    return cases;
+}
+
+/// The numbers of a word, parted by ",".
+inline std::vector<double> numbersOf(const std::string& word)
+{
+    std::vector<double> numbers;
+    std::istringstream parts(word);
+    for (std::string part; std::getline(parts, part, ',');)
+        numbers.push_back(std::stod(part));
+    return numbers;
+}
