@@ -255,7 +255,8 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
     checkFiles(report, program, drawing);
     checkRows(report, rowFiles, options.nearby);
     checkUnusedFiles(report, program, rowFiles);
-    noteConversion(report.notes, report.drawing);
+    noteConversion(report.notes, report.drawing, drawing);
+    noteIncomplete(report.notes, program.session());
     return report;
 }
 

@@ -171,7 +171,8 @@ Report drawDrawing(const DrawOptions& options)
     if (library)
         noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);
     dss.close();
-    noteConversion(report.notes, options.common.drawing);
+    noteConversion(report.notes, options.common.drawing, database);
+    noteIncomplete(report.notes, program.session());
     addNotes(report.notes, drawn, database);
     noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);

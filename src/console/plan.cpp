@@ -146,7 +146,8 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
     noteUnkept(report.notes, program.session());
-    noteConversion(report.notes, options.common.drawing);
+    noteConversion(report.notes, options.common.drawing, database);
+    noteIncomplete(report.notes, program.session());
     if (!report.unreadable.empty())
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");

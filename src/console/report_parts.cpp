@@ -15,6 +15,20 @@
 namespace console
 {
 
+namespace
+{
+
+/// "2 LIGHT, 1 WIPEOUT"
+std::string listed(const CountsByKind& counts)
+{
+    std::vector<std::string> kinds;
+    for (const auto& [kind, count] : counts)
+        kinds.push_back(std::to_string(count) + " " + kind);
+    return joined(kinds);
+}
+
+} // namespace
+
 std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session)
 {
     std::vector<UnreadableSymbol> unreadable;
@@ -35,11 +49,24 @@ size_t liveCount(const AcDbObjectIdArray& ids)
     return static_cast<size_t>(std::count_if(ids.begin(), ids.end(), isLive));
 }
 
-void noteConversion(Notes& notes, const std::string& drawing)
+void noteConversion(Notes& notes, const std::string& drawing, const AcDbDatabase& database)
 {
-    if (files::isDwgFile(drawing))
-        notes.push_back("the drawing is a DWG and was converted to DXF: tables without their cells, custom objects "
-                        "and the off state of layers of R13 and R14 may be lost; the DWG itself stays as it is");
+    constexpr int kR14 = 1014;
+    if (!files::isDwgFile(drawing))
+        return;
+    std::string note = "the drawing is a DWG and was converted to DXF";
+    if (const CountsByKind& lost = database.store().lost; !lost.empty())
+        note += ", without " + listed(lost);
+    if (database.version() <= kR14)
+        note += "; layers that are off may be on";
+    notes.push_back(note + "; the DWG itself stays as it is");
+}
+
+void noteIncomplete(Notes& notes, host::Session& session)
+{
+    for (const host::IncompleteFile& file : session.incompleteFiles())
+        notes.push_back("the block of the symbol file " + toUtf8(file.path) + " is without " + listed(file.missing) +
+                        ", which blocks from other drawings cannot hold or the conversion from DWG lost");
 }
 
 void noteLayout(Notes& notes, AcDbDatabase& database)

@@ -25,8 +25,11 @@ bool isLive(AcDbObjectId id);
 /// How many of the ids do.
 size_t liveCount(const AcDbObjectIdArray& ids);
 
-/// The drawing came from a DWG: it was converted, and what that may lose.
-void noteConversion(Notes& notes, const std::string& drawing);
+/// The drawing came from a DWG: it was converted, and what that lost.
+void noteConversion(Notes& notes, const std::string& drawing, const AcDbDatabase& database);
+
+/// What the blocks of symbol files lack of what stands in the files.
+void noteIncomplete(Notes& notes, host::Session& session);
 
 /// The drawing was saved on a layout: where symbols go, and what is not seen.
 void noteLayout(Notes& notes, AcDbDatabase& database);

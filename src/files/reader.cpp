@@ -34,7 +34,9 @@ DrawingStore FileReader::read(const std::string& path, Purpose purpose)
     dwg::Outcome outcome = prepared ? std::move(prepared.mapped()) : dwg::convert({path}, m_options).front();
     if (!outcome.ok())
         throw FileError{path, outcome.reason};
-    return readDxf(textOf(std::move(outcome.dxf)), path, purpose);
+    DrawingStore store = readDxf(textOf(std::move(outcome.dxf)), path, purpose);
+    store.lost = std::move(outcome.lost);
+    return store;
 }
 
 void FileReader::prepare(const std::vector<std::string>& paths)

@@ -40,7 +40,18 @@ class Dwg(ProgramTest):
             blocks = json.loads(self.run_program("info", out, "--json", "--settings", self.settings)[0])["blocks"]
             self.assertLessEqual({"2013_circle", "2007_Arc"}, {block["name"] for block in blocks})
             self.assert_sound(out)
-        self.assertEqual(len(list((self.folder / "cache").rglob("*.dxf"))), 2)
+        self.assertEqual(len([path for path in (self.folder / "cache").rglob("*") if path.is_file()]), 3)
+
+    def test_what_a_conversion_loses_is_told_by_kind_and_number(self):
+        library = self.library("example_2010.dwg")
+        report = self.draw(SAMPLE, self.folder / "out.dxf", "--library", library, "--symbols", DRAWINGS)
+        check = self.run_json("check", SAMPLE, "--library", library, "--symbols", DRAWINGS)
+        for notes in (report["notes"], check["notes"]):
+            told = [note for note in notes if "example_2010.dwg" in note]
+            self.assertEqual(len(told), 1, notes)
+            for words in ("1 ACAD_TABLE", "1 MULTILEADER", "1 LIGHT"):
+                self.assertIn(words, told[0])
+        self.assertIn("1 ACAD_TABLE", " ".join(self.run_json("check", DRAWINGS / "example_2010.dwg")["notes"]))
 
     def test_a_dwg_can_be_looked_at_but_is_not_saved_as_one(self):
         info = json.loads(self.run_program("info", DRAWINGS / "example_2010.dwg", "--json")[0])

@@ -7,6 +7,7 @@
 // It is distributed in the hope that it will be useful, but WITHOUT ANY WARRANTY; see the file COPYING beside it.
 
 import fs from 'node:fs';
+import { lostEntities } from './losses.mjs';
 import { putBackWhatTheWriterLoses } from './repair.mjs';
 import { withoutBodyOf } from './wasm.mjs';
 
@@ -32,10 +33,14 @@ function convert(library, dwg) {
 
   const dxf = Buffer.from(library.FS.readFile('out.dxf').buffer);
   if (!/\n *0\r?\nEOF\s*$/.test(dxf.subarray(-32).toString('latin1'))) throw new Error('only a part of it could be written');
-  return putBackWhatTheWriterLoses(library, 'in.dwg', dxf);
+  const drawing = library.dwg_read_file('in.dwg').data;
+  return { dxf: putBackWhatTheWriterLoses(library, drawing, dxf), lost: lostEntities(library, drawing, dxf) };
 }
 
-/** Turns the bytes of one DWG after another into those of a DXF, each in a fresh instance of the library. */
+/**
+ * Turns the bytes of one DWG after another into those of a DXF, each in a fresh instance of the library. With them
+ * comes how many entities of each kind the DXF lacks.
+ */
 export class Converter {
   // The library's DXF writer frees pointers it must not. An instance lives for one file, so nothing need be freed.
   #code = new WebAssembly.Module(withoutBodyOf('free', fs.readFileSync(new URL('libredwg-web.wasm', folder))));

@@ -8,15 +8,17 @@
 
 import assert from 'node:assert';
 import test from 'node:test';
+import { lostEntities } from './losses.mjs';
 import { putBackWhatTheWriterLoses } from './repair.mjs';
 
 /** Stands for the library with a decoded drawing of these objects: { type, handle, and the fields }. */
 function libraryWith(objects) {
   return {
-    dwg_read_file: () => ({ data: 1 }),
     dwg_get_num_objects: () => objects.length,
     dwg_get_object: (drawing, i) => i + 1,
     dwg_object_get_fixedtype: (object) => objects[object - 1].type,
+    dwg_object_get_supertype: (object) => (objects[object - 1].isEntity ? 0 : 1),
+    dwg_object_get_dxfname: (object) => objects[object - 1].name,
     dwg_obj_get_handle_value: (object) => BigInt(objects[object - 1].handle),
     dwg_object_to_object_tio: (object) => object,
     dwg_object_to_entity_tio: (object) => object,
@@ -24,9 +26,12 @@ function libraryWith(objects) {
   };
 }
 
+function dxfOf(lines) {
+  return Buffer.from(lines.join('\r\n') + '\r\n', 'latin1');
+}
+
 function repaired(objects, ...lines) {
-  const dxf = Buffer.from(lines.join('\r\n') + '\r\n', 'latin1');
-  return putBackWhatTheWriterLoses(libraryWith(objects), 'in.dwg', dxf).toString('latin1').trimEnd().split('\r\n');
+  return putBackWhatTheWriterLoses(libraryWith(objects), 1, dxfOf(lines)).toString('latin1').trimEnd().split('\r\n');
 }
 
 test('vertices of 2-D polylines get back what differs from 0, others stay as they are', () => {
@@ -63,4 +68,25 @@ test('only the layers that are off get a negative colour, and only layers', () =
     ...record('LAYER', '11', '-3'),
     ...record('LINE', '11', '    -3'),
   ]);
+});
+
+test('entities of which only the name was written are taken out', () => {
+  const line = ['  0', 'LINE', '  5', '2A'];
+  const end = ['  0', 'ENDSEC', '  0', 'EOF'];
+  assert.deepStrictEqual(repaired([], ...line, '  0', 'A', '  0', 'B', ...line, '  0', 'C', ...end),
+    [...line, ...line, ...end]);
+});
+
+test('what the DXF lacks is counted by kind; objects that draw nothing and frames of blocks are not', () => {
+  const objects = [
+    { handle: 0x1a, isEntity: true, name: 'LINE' },
+    { handle: 0x1b, isEntity: true, name: 'VERTEX_2D' },
+    { handle: 0x1c, isEntity: true, name: 'ACAD_TABLE' },
+    { handle: 0x1d, isEntity: true, name: 'VERTEX_3D' },
+    { handle: 0x1e, isEntity: true, name: null },
+    { handle: 0x1f, isEntity: true, name: 'SEQEND' },
+    { handle: 0x20, isEntity: false, name: 'SUN' },
+  ];
+  const lost = lostEntities(libraryWith(objects), 1, dxfOf(['  0', 'LINE', '  5', '1a', '  0', 'EOF']));
+  assert.deepStrictEqual([...lost], [['ACAD_TABLE', 1], ['UNKNOWN', 1], ['VERTEX', 2]]);
 });

@@ -1,8 +1,9 @@
 #include "files/dwg/adapter.h"
 
 #include "disk/read.h"
+#include "files/dwg/answer.h"
 #include "files/dwg/child_process.h"
-#include "files/dwg/sha256.h"
+#include "files/dwg/content_hash.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,6 +18,7 @@ namespace
 {
 
 constexpr std::size_t kFilesPerChild = 100; // keeps the command line and the child's memory small
+constexpr int kClockPerProcessorTime = 5;   // a busy machine is no reason to give a file up; one that sleeps is
 constexpr std::string_view kScript = "dwg2dxf.mjs";
 constexpr std::string_view kLibrary = "node_modules/@mlightcad/libredwg-web/wasm/libredwg-web.wasm";
 
@@ -65,19 +67,31 @@ private:
         const std::size_t end = std::min(m_jobs.size(), first + kFilesPerChild);
         ChildProcess child(m_node, argumentsFor(first, end), m_options.memoryLimit);
         if (read(child) != "ready")
-            return giveUp(m_jobs.size(), "the DWG converter does not start (" + child.stop() + ")");
+            return giveUp(m_jobs.size(), "the DWG converter does not start (" + child.stop() + ")", false);
         while (m_next < end)
         {
             const std::optional<std::string> answer = read(child);
             if (answer)
                 take(*answer);
-            else if (child.timedOut())
-                return giveUp(m_next + 1, "the conversion took too long");
+            else if (child.exceeded() != Exceeded::Nothing)
+                return giveUp(m_next + 1, whyTooLong(child.exceeded()), true);
             else if (m_next == first) // what came before cannot be to blame: it had the process to itself
-                return giveUp(m_next + 1, "the DWG converter broke down on it (" + child.stop() + ")");
+            {
+                const std::string how = child.stop();
+                return giveUp(m_next + 1, "the DWG converter broke down on it (" + how + ")", !child.wasKilled());
+            }
             else
                 return;
         }
+    }
+
+    std::string whyTooLong(Exceeded exceeded) const
+    {
+        const auto inSeconds = [](std::chrono::milliseconds time)
+        { return std::to_string((time.count() + 999) / 1000); };
+        return exceeded == Exceeded::Processor
+                   ? "the conversion took more than " + inSeconds(m_limits.processor) + " s of processor time"
+                   : "the conversion did not end within " + inSeconds(m_limits.clock) + " s";
     }
 
     std::vector<std::string> argumentsFor(std::size_t first, std::size_t end) const
@@ -88,25 +102,31 @@ private:
         return arguments;
     }
 
-    std::optional<std::string> read(ChildProcess& child) const { return child.readLine(m_options.timeLimit); }
+    std::optional<std::string> read(ChildProcess& child) const { return child.readLine(m_limits); }
 
     void take(std::string_view answer)
     {
-        constexpr std::string_view kRefused = "refused ";
         Job& job = *m_jobs[m_next++];
-        if (answer.starts_with(kRefused))
-            job.reason = answer.substr(kRefused.size());
-        else if (answer != "ok")
-            job.reason = "the DWG converter gave an unknown answer";
+        if (std::optional<Outcome> outcome = outcomeOf(answer))
+        {
+            job.outcome = std::move(*outcome);
+            job.isLasting = true;
+        }
+        else
+            job.outcome.reason = "the DWG converter gave an unknown answer";
     }
 
-    void giveUp(std::size_t end, const std::string& reason)
+    void giveUp(std::size_t end, const std::string& reason, bool isLasting)
     {
         for (; m_next < end; ++m_next)
-            m_jobs[m_next]->reason = reason;
+        {
+            m_jobs[m_next]->outcome.reason = reason;
+            m_jobs[m_next]->isLasting = isLasting;
+        }
     }
 
     const Options& m_options;
+    TimeLimits m_limits{m_options.timeLimit, kClockPerProcessorTime* m_options.timeLimit};
     fs::path m_node;
     const std::vector<Job*>& m_jobs;
     std::size_t m_next = 0;
@@ -123,21 +143,19 @@ fs::path defaultAdapterFolder()
     return VELOXA_DWG2DXF_FOLDER;
 }
 
-std::string adapterVersion(const fs::path& adapter)
+std::string adapterVersion(const Options& options)
 {
     std::vector<fs::path> sources;
     std::error_code error;
-    for (fs::directory_iterator it(adapter, error), end; !error && it != end; it.increment(error))
+    for (fs::directory_iterator it(options.adapter, error), end; !error && it != end; it.increment(error))
         if (it->path().extension() == ".mjs" || it->path().filename() == "package-lock.json")
             sources.push_back(it->path());
     std::sort(sources.begin(), sources.end());
 
-    std::string all;
+    std::string all = std::to_string(options.timeLimit.count()) + " " + std::to_string(options.memoryLimit);
     for (const fs::path& source : sources)
-    {
-        all += sha256(disk::readFile(source).view());
-    }
-    return sha256(all).substr(0, 16);
+        all += contentHash(disk::readFile(source).view());
+    return contentHash(all).substr(0, 16);
 }
 
 void runAdapter(const Options& options, const std::vector<Job*>& jobs)
@@ -145,7 +163,7 @@ void runAdapter(const Options& options, const std::vector<Job*>& jobs)
     const auto refuseAll = [&](const std::string& why)
     {
         for (Job* job : jobs)
-            job->reason = "DWG files cannot be read here: " + why;
+            job->outcome.reason = "DWG files cannot be read here: " + why;
     };
     const fs::path node = findProgram(options.node);
     std::error_code error;

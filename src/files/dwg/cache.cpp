@@ -3,7 +3,8 @@
 #include "disk/error.h"
 #include "disk/read.h"
 #include "disk/replace.h"
-#include "files/dwg/sha256.h"
+#include "files/dwg/answer.h"
+#include "files/dwg/content_hash.h"
 
 #include <algorithm>
 #include <utility>
@@ -39,11 +40,24 @@ std::vector<Entry> entriesOf(const fs::path& folder)
 }
 
 /// A power cut can leave an entry without its end.
-bool isWhole(std::string_view dxf)
+bool endsWithEof(std::string_view dxf)
 {
     while (!dxf.empty() && (dxf.back() == '\n' || dxf.back() == '\r'))
         dxf.remove_suffix(1);
     return dxf.ends_with("EOF");
+}
+
+/// An entry is a line, the outcome, and behind it the DXF.
+std::optional<Outcome> read(std::string_view entry)
+{
+    const std::size_t lineEnd = entry.find('\n');
+    if (lineEnd == entry.npos)
+        return std::nullopt;
+    std::optional<Outcome> outcome = outcomeOf(entry.substr(0, lineEnd));
+    if (!outcome || !outcome->ok())
+        return outcome;
+    outcome->dxf = entry.substr(lineEnd + 1);
+    return endsWithEof(outcome->dxf) ? outcome : std::nullopt;
 }
 
 } // namespace
@@ -52,36 +66,34 @@ Cache::Cache(fs::path folder, std::uint64_t limit) : m_folder(std::move(folder))
 
 std::string Cache::keyOf(std::string_view dwg, std::string_view version)
 {
-    return sha256(dwg) + "-" + std::string(version) + ".dxf";
+    return contentHash(dwg) + "-" + std::string(version);
 }
 
-bool Cache::find(const std::string& key, std::string& dxf) const
+std::optional<Outcome> Cache::find(const std::string& key) const
 try
 {
-    dxf.clear();
     if (m_folder.empty())
-        return false;
-    const disk::FileText entry = disk::readFile(m_folder / key);
-    if (!isWhole(entry.view()))
-        return false;
-    dxf = entry.view();
+        return std::nullopt;
+    std::optional<Outcome> outcome = read(disk::readFile(m_folder / key).view());
     std::error_code ignored;
-    fs::last_write_time(m_folder / key, fs::file_time_type::clock::now(), ignored);
-    return true;
+    if (outcome)
+        fs::last_write_time(m_folder / key, fs::file_time_type::clock::now(), ignored);
+    return outcome;
 }
 catch (const disk::FileError&)
 {
-    return false;
+    return std::nullopt;
 }
 
-void Cache::store(const std::string& key, std::string_view dxf) const
+void Cache::store(const std::string& key, const Outcome& outcome) const
 try
 {
-    if (m_folder.empty() || dxf.size() > m_limit)
+    const std::string entry = answerOf(outcome) + "\n" + outcome.dxf;
+    if (m_folder.empty() || entry.size() > m_limit)
         return;
     std::error_code error;
     fs::create_directories(m_folder, error);
-    disk::replaceFile(m_folder / key, {dxf}, {.durable = false});
+    disk::replaceFile(m_folder / key, {entry}, {.durable = false});
 }
 catch (const disk::FileError&)
 {

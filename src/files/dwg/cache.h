@@ -1,15 +1,18 @@
 #pragma once
 
+#include "files/dwg/convert.h"
+
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace dwg
 {
 
-/// Converted drawings kept in a folder, one file each. Several programs may use one folder at once: an entry gets its
-/// name when it is whole. A cache that cannot be read or written just keeps nothing; no failure is ever reported.
+/// What became of drawings, kept in a folder, one file each. Several programs may use one folder at once: an entry gets
+/// its name when it is whole. A cache that cannot be read or written just keeps nothing; no failure is ever reported.
 class Cache
 {
 public:
@@ -19,10 +22,9 @@ public:
     /// The name of the entry for a DWG of this content converted by this version of the converter.
     static std::string keyOf(std::string_view dwg, std::string_view version);
 
-    /// Gives the entry and marks it as just used. False, with `dxf` empty, when there is no whole one.
-    bool find(const std::string& key, std::string& dxf) const;
-
-    void store(const std::string& key, std::string_view dxf) const;
+    /// Gives the outcome that was stored and marks it as just used; nothing when there is no whole one.
+    std::optional<Outcome> find(const std::string& key) const;
+    void store(const std::string& key, const Outcome& outcome) const;
 
     /// Removes the entries longest unused until the rest keeps the limit.
     void trim() const;

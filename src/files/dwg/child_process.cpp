@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -96,21 +97,31 @@ ChildProcess::~ChildProcess()
         close(m_output);
 }
 
-ChildProcess::Wait ChildProcess::waitForData(Clock::time_point deadline) const
+/// What the process has used so far; nothing for one that has ended.
+std::chrono::milliseconds ChildProcess::processorTime() const
+{
+    clockid_t clock{};
+    timespec time{};
+    if (clock_getcpuclockid(m_pid, &clock) != 0 || clock_gettime(clock, &time) != 0)
+        return {};
+    return std::chrono::seconds(time.tv_sec) + std::chrono::milliseconds(time.tv_nsec / 1'000'000);
+}
+
+/// Waits until there is output, or a while: how much processor time passes meanwhile is not known before.
+ChildProcess::Wait ChildProcess::waitForData(const TimeLimits& left)
 {
     using std::chrono::milliseconds;
-    for (;;)
+    constexpr milliseconds kShortest{10};
+    constexpr milliseconds kLongest{250};
+    if (left.processor <= milliseconds::zero() || left.clock <= milliseconds::zero())
     {
-        const auto left = std::chrono::ceil<milliseconds>(deadline - Clock::now());
-        if (left <= milliseconds::zero())
-            return Wait::Timeout;
-        pollfd output{m_output, POLLIN, 0};
-        const int ready = poll(&output, 1, static_cast<int>(left.count()));
-        if (ready > 0)
-            return Wait::Data;
-        if (ready < 0 && errno != EINTR)
-            return Wait::End;
+        m_exceeded = left.processor <= milliseconds::zero() ? Exceeded::Processor : Exceeded::Clock;
+        return Wait::Timeout;
     }
+    const milliseconds pause = std::clamp(std::min(left.processor, left.clock), kShortest, kLongest);
+    pollfd output{m_output, POLLIN, 0};
+    const int ready = poll(&output, 1, static_cast<int>(pause.count()));
+    return ready > 0 ? Wait::Data : ready == 0 || errno == EINTR ? Wait::More : Wait::End;
 }
 
 std::optional<std::string> ChildProcess::takeLine()
@@ -123,23 +134,34 @@ std::optional<std::string> ChildProcess::takeLine()
     return line;
 }
 
-std::optional<std::string> ChildProcess::readLine(std::chrono::milliseconds limit)
+std::optional<std::string> ChildProcess::readLine(const TimeLimits& limits)
 {
-    const Clock::time_point deadline = Clock::now() + limit;
+    using std::chrono::milliseconds;
+    const Clock::time_point start = Clock::now();
+    const milliseconds used = processorTime();
+    m_exceeded = Exceeded::Nothing;
     for (;;)
     {
         if (std::optional<std::string> line = takeLine())
             return line;
-        const Wait wait = m_pid < 0 || m_buffer.size() > kLongestLine ? Wait::End : waitForData(deadline);
-        m_timedOut = wait == Wait::Timeout;
-        if (wait != Wait::Data)
+        if (m_pid < 0 || m_buffer.size() > kLongestLine)
             return std::nullopt;
-        std::array<char, 1024> piece{};
-        const ssize_t size = read(m_output, piece.data(), piece.size());
-        if (size == 0 || (size < 0 && errno != EINTR))
+        const auto passed = std::chrono::duration_cast<milliseconds>(Clock::now() - start);
+        const Wait wait = waitForData({limits.processor - (processorTime() - used), limits.clock - passed});
+        if (wait == Wait::More)
+            continue;
+        if (wait != Wait::Data || !readSome())
             return std::nullopt;
-        m_buffer.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
     }
+}
+
+/// False at the end of the output.
+bool ChildProcess::readSome()
+{
+    std::array<char, 1024> piece{};
+    const ssize_t size = read(m_output, piece.data(), piece.size());
+    m_buffer.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    return size > 0 || (size < 0 && errno == EINTR);
 }
 
 std::string ChildProcess::stop()
@@ -151,11 +173,18 @@ std::string ChildProcess::stop()
             continue;
         m_pid = -1;
     }
-    if (m_timedOut)
+    if (m_exceeded != Exceeded::Nothing)
         return "no answer in time";
     if (WIFSIGNALED(m_status))
         return "signal " + std::to_string(WTERMSIG(m_status));
     return "exit status " + std::to_string(WEXITSTATUS(m_status));
+}
+
+bool ChildProcess::wasKilled() const
+{
+    constexpr std::array kFromOutside{SIGHUP, SIGINT, SIGKILL, SIGTERM};
+    return WIFSIGNALED(m_status) &&
+           std::find(kFromOutside.begin(), kFromOutside.end(), WTERMSIG(m_status)) != kFromOutside.end();
 }
 
 } // namespace dwg

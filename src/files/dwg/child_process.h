@@ -11,6 +11,20 @@
 namespace dwg
 {
 
+/// What a program may take for one line of output.
+struct TimeLimits
+{
+    std::chrono::milliseconds processor; ///< on all processors together
+    std::chrono::milliseconds clock;
+};
+
+enum class Exceeded
+{
+    Nothing,
+    Processor,
+    Clock
+};
+
 /// A program running in a process group of its own, without a shell, with nothing of ours but a pipe that carries its
 /// standard output here. Its whole group is dead when this object is gone, and also when our process dies.
 class ChildProcess
@@ -23,28 +37,35 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// The next line of its output, or nothing when it ended, wrote no sensible line or took longer than `limit`.
-    std::optional<std::string> readLine(std::chrono::milliseconds limit);
+    /// The next line of its output, or nothing when it ended, wrote no sensible line or took longer than it may.
+    std::optional<std::string> readLine(const TimeLimits& limits);
 
-    bool timedOut() const { return m_timedOut; }
+    /// Which limit the last line exceeded.
+    Exceeded exceeded() const { return m_exceeded; }
 
     /// Ends the process if it has not ended and tells how: "exit status 1", "signal 9", "no answer in time".
     std::string stop();
+
+    /// Whether someone else, the system when it runs out of memory for one, ended the process that was stopped.
+    bool wasKilled() const;
 
 private:
     enum class Wait
     {
         Data,
+        More,
         End,
         Timeout
     };
-    Wait waitForData(std::chrono::steady_clock::time_point deadline) const;
+    Wait waitForData(const TimeLimits& left);
+    std::chrono::milliseconds processorTime() const;
     std::optional<std::string> takeLine();
+    bool readSome();
 
     int m_output = -1;
     pid_t m_pid = -1;
     int m_status;
-    bool m_timedOut = false;
+    Exceeded m_exceeded = Exceeded::Nothing;
     std::string m_buffer;
 };
 

@@ -6,8 +6,10 @@
 #include "disk/temporary.h"
 #include "files/dwg/adapter.h"
 #include "files/dwg/cache.h"
+#include "files/dxf/version.h"
 
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
 #include <utility>
 
@@ -19,7 +21,15 @@ namespace
 {
 
 constexpr std::size_t kMagicSize = 6; // "AC1015" and the like
-constexpr std::string_view kOldestRead = "AC1012";
+constexpr std::string_view kOldestRead = "AC1014";
+constexpr std::string_view kNewestRead = "AC1032";
+
+/// Before R9 a version had a point in it: "AC1.50", "AC2.10", "MC0.0".
+bool isEarly(std::string_view bytes)
+{
+    const auto digit = [&](std::size_t i) { return std::isdigit(static_cast<unsigned char>(bytes[i])) != 0; };
+    return (bytes.starts_with("AC") || bytes.starts_with("MC")) && digit(2) && bytes[3] == '.' && digit(4);
+}
 
 struct Pending
 {
@@ -46,7 +56,7 @@ class Batch
 {
 public:
     explicit Batch(const Options& options)
-        : m_options(options), m_cache(options.cache, options.cacheLimit), m_version(adapterVersion(options.adapter))
+        : m_options(options), m_cache(options.cache, options.cacheLimit), m_version(adapterVersion(options))
     {
     }
 
@@ -59,7 +69,9 @@ public:
         if (!outcome.ok())
             return;
         std::string key = Cache::keyOf(bytes, m_version);
-        if (!m_cache.find(key, outcome.dxf))
+        if (std::optional<Outcome> known = m_cache.find(key))
+            outcome = std::move(*known);
+        else
             copyForConversion(bytes, std::move(key), outcome);
     }
 
@@ -82,16 +94,33 @@ private:
         if (!isDwg(bytes))
             return "not a DWG file";
         const std::string_view version = bytes.substr(0, kMagicSize);
-        if (version < kOldestRead)
-            return "DWG version " + std::string(version) + " is too old to be read; save it as R14 or newer";
+        if (isEarly(version) || version < kOldestRead)
+            return "DWG version " + nameOf(version) + " is too old to be read; save it as R14 or newer";
+        if (version > kNewestRead)
+            return "DWG version " + nameOf(version) + " is too new to be read; save it as R2018 or older";
         return {};
+    }
+
+    /// "R12 (AC1009)"; without the first part for a version that has no such name.
+    static std::string nameOf(std::string_view version)
+    {
+        std::string shown;
+        for (const char c : version)
+            if (std::isgraph(static_cast<unsigned char>(c)) != 0)
+                shown += c;
+        int number = 0;
+        if (std::from_chars(version.data() + 2, version.data() + version.size(), number).ptr !=
+            version.data() + version.size())
+            return shown;
+        const std::string name = files::nameOfVersion(number);
+        return name == shown ? shown : name + " (" + shown + ")";
     }
 
     void copyForConversion(std::string_view bytes, std::string key, Outcome& outcome)
     {
         const std::string name = std::to_string(m_pending.size());
         const fs::path folder{m_folder.path()};
-        const Job job{folder / (name + ".dwg"), folder / (name + ".dxf"), {}};
+        const Job job{folder / (name + ".dwg"), folder / (name + ".dxf")};
         if (m_folder.path().empty() || !disk::writeInPlace(job.input, bytes))
             outcome.reason = "DWG files cannot be read: no temporary file can be written";
         else
@@ -101,11 +130,11 @@ private:
     void take(Pending& pending)
     {
         Outcome& outcome = *pending.outcome;
-        outcome.reason = std::move(pending.job.reason);
+        outcome = std::move(pending.job.outcome);
         if (outcome.ok())
             outcome.reason = readFile(pending.job.output, outcome.dxf);
-        if (outcome.ok())
-            m_cache.store(pending.key, outcome.dxf);
+        if (pending.job.isLasting && outcome.ok() == !outcome.dxf.empty())
+            m_cache.store(pending.key, outcome);
     }
 
     const Options& m_options;
@@ -120,7 +149,9 @@ private:
 bool isDwg(std::string_view bytes)
 {
     const auto digit = [&](std::size_t i) { return std::isdigit(static_cast<unsigned char>(bytes[i])) != 0; };
-    return bytes.size() >= kMagicSize && bytes.starts_with("AC10") && digit(4) && digit(5);
+    if (bytes.size() < kMagicSize)
+        return false;
+    return isEarly(bytes) || (bytes.starts_with("AC10") && digit(4) && digit(5));
 }
 
 fs::path defaultCacheFolder()

@@ -3,13 +3,15 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// Reading DWG drawings: each becomes a DXF, made by a converter that runs as a child process with limits of its own,
-/// so that a broken or hostile file costs that file and nothing else. What was converted once is kept in a cache.
-/// Nothing here throws for a file that cannot be read; its outcome carries the reason.
+/// so that a broken or hostile file costs that file and nothing else. What became of a file is kept in a cache,
+/// refusals too: a file that hangs the converter hangs it once. Nothing here throws for a file that cannot be read; its
+/// outcome carries the reason.
 namespace dwg
 {
 
@@ -28,8 +30,8 @@ struct Options
     std::string node = "node";                          ///< a program's name, looked for in PATH, or its path
     std::filesystem::path cache = defaultCacheFolder(); ///< empty: nothing is kept
     std::uint64_t cacheLimit = 256U << 20U;             ///< bytes; beyond it the entries longest unused go
-    std::chrono::milliseconds timeLimit{20'000};        ///< for each file
-    std::uint64_t memoryLimit = 2ULL << 30U;            ///< bytes of data of the child process
+    std::chrono::milliseconds timeLimit{60'000}; ///< of processor time for each file; five times that by the clock
+    std::uint64_t memoryLimit = 2ULL << 30U;     ///< bytes of data of the child process
 };
 
 /// What became of one file: the text of its DXF, or why there is none (a line without the file's name).
@@ -37,6 +39,7 @@ struct Outcome
 {
     std::string dxf;
     std::string reason;
+    std::map<std::string, std::size_t> lost; ///< how many entities of each kind (by its DXF name) the DXF lacks
 
     bool ok() const { return reason.empty(); }
 };

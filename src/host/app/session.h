@@ -29,6 +29,13 @@ struct UnreadableFile
     std::string reason;
 };
 
+/// A symbol drawing that became a block without some of its entities.
+struct IncompleteFile
+{
+    std::u16string path;
+    CountsByKind missing;
+};
+
 /// A running host: documents, commands, reader and writer, front end. The free functions of the host reach it through
 /// `current()`; sessions nest (the inner one is current), each is left in the reverse order.
 /// Ends with its documents closed and its module unloaded.
@@ -72,6 +79,7 @@ public:
     void saveCurrent(const std::u16string& path);
 
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
+    std::vector<IncompleteFile>& incompleteFiles() { return m_incomplete; }
 
     /// Real paths of the files that could not be written, in order, for the programs to tell: whoever wrote them is
     /// silent.
@@ -98,6 +106,7 @@ private:
     std::string m_moduleFile;
     bool m_commandActive = false;
     std::vector<UnreadableFile> m_unreadable;
+    std::vector<IncompleteFile> m_incomplete;
     std::vector<std::string> m_unwritten;
 };
 

@@ -35,6 +35,8 @@ public:
     ObjectRecord& carry(uint32_t block, const std::u16string& name, const AcGePoint3d& base);
     /// Makes the definition of a block that was given a name.
     void carry(uint32_t block);
+    /// The entities that were left behind.
+    const CountsByKind& left() const { return m_left; }
 
 private:
     void carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner);
@@ -49,6 +51,7 @@ private:
     ForeignPairs m_values;
     ForeignEntity m_entity;
     std::unordered_map<uint32_t, std::u16string> m_nameOf;
+    CountsByKind m_left;
 };
 
 std::u16string nameOfBlock(const AcDbDatabase& drawing, uint32_t block)
@@ -108,12 +111,13 @@ ObjectRecord& BlockCarrier::carry(uint32_t block, const std::u16string& name, co
 void BlockCarrier::carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner)
 {
     const std::string_view kind = m_source.dxfNameOf(entity);
-    if (!isCarriedKind(kind))
-        return;
     const auto block = m_nameOf.find(m_blocks.blockOf(entity));
     const bool needsBlock = kind == "INSERT" || kind == "DIMENSION";
-    if (needsBlock && block == m_nameOf.end())
+    if (!isCarriedKind(kind) || (needsBlock && block == m_nameOf.end()))
+    {
+        ++m_left[std::string{kind}];
         return;
+    }
     if (kind == "DIMENSION" && m_source.version() < kR13)
         return carryPicture(entity, block->second, container, owner);
     const std::vector<ObjectRecord*> parts = subEntitiesOf(entity);
@@ -234,5 +238,10 @@ Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const ch
         carrier.carry(needed[i]);
     const AcGePoint3d base = source->header().point("$INSBASE", {});
     blockId = AcDbObjectId{&carrier.carry(blocks.modelSpace(), name, base)};
+    CountsByKind missing = carrier.left();
+    for (const auto& [kind, count] : source->store().lost)
+        missing[kind] += count;
+    if (!missing.empty() && host::Session::hasCurrent())
+        host::Session::current().incompleteFiles().push_back({source->m_symbolPath, std::move(missing)});
     return Acad::eOk;
 }

@@ -4,6 +4,7 @@
 #include "host/drawing/record.h"
 #include "host/drawing/text_encoding.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +36,9 @@ struct Container
 /// The text of a drawing file in memory. A reader fills it; it never changes afterwards.
 using disk::FileText;
 
+/// How many entities there are of each kind, by its name in drawing files.
+using CountsByKind = std::map<std::string, size_t>;
+
 /// A drawing as a reader found it: the text of its file and an index over it. Handed to `AcDbDatabase::adopt`.
 /// Invariant: records stand in file order; the text of each is a piece of `file`; containers do not overlap except
 /// that `kBlocks` spans the blocks.
@@ -50,6 +54,7 @@ struct DrawingStore
     std::vector<Container> containers; ///< at most one each of kEntities, kObjects, kBlocks
     std::string_view header;           ///< the pairs inside the HEADER section
     std::string_view classes;          ///< the pairs inside the CLASSES section
+    CountsByKind lost;                 ///< what the file has and could not be converted to `file`
 
     /// Index of `name` in `kinds`, added when it is new.
     uint16_t kindOf(std::string_view name);

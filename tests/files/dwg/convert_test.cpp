@@ -11,7 +11,9 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Pair;
 using testing::SizeIs;
 
 namespace
@@ -34,6 +36,7 @@ TEST(IsDwg, GoesByContent)
 {
     EXPECT_TRUE(dwg::isDwg("AC1032\0\0\0"));
     EXPECT_TRUE(dwg::isDwg("AC1009"));
+    EXPECT_TRUE(dwg::isDwg("AC2.10"));
     EXPECT_FALSE(dwg::isDwg("AC101"));
     EXPECT_FALSE(dwg::isDwg("AC10x5..."));
     EXPECT_FALSE(dwg::isDwg("  0\nSECTION\n"));
@@ -44,29 +47,40 @@ TEST(ConvertDwg, ABadFileCostsOnlyItself)
 {
     const Workshop workshop;
     dwg::Options options = workshop.pretended();
-    options.timeLimit = std::chrono::seconds(5);
+    options.timeLimit = std::chrono::seconds(1);
     options.memoryLimit = 1U << 30U;
 
     const std::vector<dwg::Outcome> outcomes = dwg::convert(
         {workshop.drawing("a.dwg", "first"), workshop.drawing("b.dwg", "hang"), workshop.drawing("c.dwg", "second"),
          workshop.drawing("d.dwg", "crash"), workshop.drawing("e.dwg", "eat"), workshop.drawing("f.dwg", "refuse"),
-         workshop.file("g.dwg", "0\nSECTION\n"), workshop.file("h.dwg", "AC1009 "), workshop.path() / "none.dwg",
-         workshop.path(), workshop.drawing("i.dxf", "third")},
+         workshop.file("g.dwg", "0\nSECTION\n"), workshop.path() / "none.dwg", workshop.path(),
+         workshop.drawing("i.dxf", "third"), workshop.drawing("j.dwg", "sleep")},
         options);
 
     ASSERT_THAT(outcomes, SizeIs(11));
     EXPECT_EQ(outcomes[0].dxf, dxfOf("first"));
-    EXPECT_EQ(outcomes[1].reason, "the conversion took too long");
+    EXPECT_EQ(outcomes[1].reason, "the conversion took more than 1 s of processor time");
     EXPECT_EQ(outcomes[2].dxf, dxfOf("second"));
     EXPECT_EQ(outcomes[3].reason, "the DWG converter broke down on it (signal 6)");
     EXPECT_THAT(outcomes[4].reason, HasSubstr("the DWG converter broke down on it"));
     EXPECT_EQ(outcomes[5].reason, "no such thing");
     EXPECT_EQ(outcomes[6].reason, "not a DWG file");
-    EXPECT_THAT(outcomes[7].reason, HasSubstr("too old"));
-    EXPECT_EQ(outcomes[8].reason, "no such file");
-    EXPECT_EQ(outcomes[9].reason, "is not a regular file");
-    EXPECT_EQ(outcomes[10].dxf, dxfOf("third"));
+    EXPECT_EQ(outcomes[7].reason, "no such file");
+    EXPECT_EQ(outcomes[8].reason, "is not a regular file");
+    EXPECT_EQ(outcomes[9].dxf, dxfOf("third"));
+    EXPECT_EQ(outcomes[10].reason, "the conversion did not end within 5 s");
     EXPECT_FALSE(workshop.somethingIsLeft());
+}
+
+TEST(ConvertDwg, VersionsThatCannotBeReadAreNamed)
+{
+    const Workshop workshop;
+    for (const auto& [begin, says] : {std::pair{"AC1012 ", "DWG version R13 (AC1012) is too old"},
+                                      {"AC1009 ", "DWG version R12 (AC1009) is too old"},
+                                      {"AC2.10 ", "DWG version AC2.10 is too old"},
+                                      {"MC0.0 ", "DWG version MC0.0 is too old"},
+                                      {"AC1035 ", "DWG version AC1035 is too new"}})
+        EXPECT_THAT(dwg::convert({workshop.file("a.dwg", begin)}, workshop.pretended())[0].reason, HasSubstr(says));
 }
 
 TEST(ConvertDwg, AFileIsNotBlamedForWhatEarlierOnesDidToTheConverter)
@@ -157,6 +171,42 @@ TEST(DwgCache, ConvertsAgainOnlyWhenTheDrawingOrTheConverterChanged)
     EXPECT_EQ(startsFor(drawing), 1);
 }
 
+TEST(DwgCache, RemembersARefusalUntilTheDrawingOrTheLimitsChange)
+{
+    const Workshop workshop;
+    dwg::Options options = workshop.pretended();
+    options.timeLimit = std::chrono::seconds(1);
+    for (const char* trouble : {"refuse", "crash", "hang"})
+    {
+        const fs::path drawing = workshop.drawing("a.dwg", trouble);
+        const std::string reason = dwg::convert({drawing}, options)[0].reason;
+        const int before = workshop.starts();
+        EXPECT_EQ(dwg::convert({drawing}, options)[0].reason, reason) << trouble;
+        EXPECT_NE(reason, "");
+        EXPECT_EQ(workshop.starts(), before) << trouble;
+    }
+    const int before = workshop.starts();
+    EXPECT_TRUE(dwg::convert({workshop.drawing("a.dwg", "mended")}, options)[0].ok());
+    options.memoryLimit /= 2;
+    EXPECT_FALSE(dwg::convert({workshop.drawing("a.dwg", "refuse")}, options)[0].ok());
+    EXPECT_EQ(workshop.starts(), before + 2);
+    dwg::convert({workshop.drawing("a.dwg", "killed")}, options);
+    dwg::convert({workshop.path() / "a.dwg"}, options);
+    EXPECT_EQ(workshop.starts(), before + 4) << "a converter that someone else ended says nothing about the drawing";
+}
+
+TEST(DwgCache, KeepsWhatTheConversionLost)
+{
+    const Workshop workshop;
+    for (int i = 0; i < 2; ++i)
+    {
+        const dwg::Outcome outcome = dwg::convert({workshop.drawing("a.dwg", "lossy")}, workshop.pretended())[0];
+        EXPECT_EQ(outcome.dxf, dxfOf("lossy"));
+        EXPECT_THAT(outcome.lost, ElementsAre(Pair("ACAD_TABLE", 1), Pair("MULTILEADER", 2)));
+    }
+    EXPECT_EQ(workshop.starts(), 1);
+}
+
 TEST(DwgCache, AnEntryThatIsCutOffIsMadeAgain)
 {
     const Workshop workshop;
@@ -169,7 +219,7 @@ TEST(DwgCache, AnEntryThatIsCutOffIsMadeAgain)
     {
         fs::resize_file(entry, size);
         EXPECT_EQ(dwg::convert({drawing}, workshop.pretended())[0].dxf, dxfOf("first"));
-        EXPECT_EQ(contentOf(entry), dxfOf("first"));
+        EXPECT_EQ(contentOf(entry), "ok\n" + dxfOf("first"));
     }
 }
 
@@ -177,7 +227,7 @@ TEST(DwgCache, DropsWhatWasLongestUnused)
 {
     const Workshop workshop;
     dwg::Options options = workshop.pretended();
-    options.cacheLimit = 3 * dxfOf("1").size();
+    options.cacheLimit = 3 * ("ok\n" + dxfOf("1")).size();
     for (const char* name : {"1", "2", "3"})
     {
         dwg::convert({workshop.drawing(name, name)}, options);

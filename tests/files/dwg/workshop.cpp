@@ -22,10 +22,13 @@ for (let i = 0; i < files.length; i += 2) {
   const what = fs.readFileSync(files[i], 'latin1').slice(7);
   if (what === 'crash' || (what === 'late' && i > 0)) process.abort();
   if (what === 'hang') for (;;);
+  if (what === 'sleep') Atomics.wait(new Int32Array(new SharedArrayBuffer(4)), 0, 0);
+  if (what === 'killed') process.kill(process.pid, 'SIGKILL');
+  const lost = what === 'lossy' ? ' ACAD_TABLE 1 MULTILEADER 2' : '';
   if (what === 'eat') for (const all = []; ;) all.push(Buffer.allocUnsafeSlow(32 << 20));
   if (what === 'refuse') { fs.writeSync(1, 'refused no such thing\n'); continue; }
   fs.writeFileSync(files[i + 1], '999\n' + what + '\n0\nEOF\n');
-  fs.writeSync(1, 'ok\n');
+  fs.writeSync(1, 'ok' + lost + '\n');
 }
 )";
 

@@ -21,7 +21,8 @@ public:
     /// Something that begins as a DWG does; the rest tells the pretended converter what to do with it.
     std::filesystem::path drawing(const std::string& name, const std::string& what) const;
 
-    /// Options that use a converter which obeys the words in a drawing: crash, hang, eat, refuse, late.
+    /// Options that use a converter which obeys the words in a drawing: crash, hang, sleep, eat,
+    /// killed, refuse, late, lossy.
     dwg::Options pretended() const;
 
     /// Options for the real converter, and whether it can run here at all.
