@@ -126,6 +126,13 @@ void checkSections(CheckReport& report, Program& program, const DrawOptions& opt
     dss.close();
 }
 
+/// Whether a block of the drawing is taken for a symbol file.
+bool standsFor(AcDbDatabase& drawing, const std::u16string& file)
+{
+    const std::u16string block = SymbolBlockName(file);
+    return CanNameSymbolBlock(block) && drawing.tables().find("BLOCK_RECORD", block) != nullptr;
+}
+
 /// Reads a symbol file and, where the drawing lacks it, makes it a block, as a drawing run would; of the drawing in
 /// memory, which nobody saves. Answers why that failed.
 std::string whyUnusable(host::Session& session, AcDbDatabase& drawing, const std::u16string& file)
@@ -134,8 +141,7 @@ std::string whyUnusable(host::Session& session, AcDbDatabase& drawing, const std
     const std::u16string block = SymbolBlockName(file);
     AcDbDatabase symbol(false, false);
     AcDbObjectId id;
-    if (symbol.readDwgFile(file.c_str(), kForReadAndReadShare) == Acad::eOk &&
-        drawing.tables().find("BLOCK_RECORD", block) == nullptr)
+    if (symbol.readDwgFile(file.c_str(), kForReadAndReadShare) == Acad::eOk && !standsFor(drawing, file))
         drawing.insert(id, block.c_str(), &symbol, true);
     return session.unreadableFiles().empty() ? std::string{} : session.unreadableFiles().front().reason;
 }
@@ -165,9 +171,7 @@ void checkFiles(CheckReport& report, Program& program, AcDbDatabase& drawing)
     program.prepareFiles(files);
     host::Session& session = program.session();
     for (const std::u16string& file : files)
-        report.files[file] = {session.symbolSearch().find(file).value_or(std::string{}),
-                              {},
-                              drawing.tables().find("BLOCK_RECORD", SymbolBlockName(file)) != nullptr};
+        report.files[file] = {session.symbolSearch().find(file).value_or(std::string{}), {}, standsFor(drawing, file)};
     const OpenForWrite lock;
     for (auto& [path, file] : report.files)
         file.reason = whyUnusable(session, drawing, path);

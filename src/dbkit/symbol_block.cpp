@@ -25,10 +25,15 @@ std::u16string SymbolBlockName(std::u16string_view path)
     return name;
 }
 
+bool CanNameSymbolBlock(std::u16string_view name)
+{
+    return !name.starts_with(u'*');
+}
+
 std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path)
 {
     const std::u16string name = SymbolBlockName(path);
-    AcDbObjectId id = GetSymbolId(name, SymbolTable::kBlocks);
+    AcDbObjectId id = CanNameSymbolBlock(name) ? GetSymbolId(name, SymbolTable::kBlocks) : AcDbObjectId::kNull;
     if (!id.isNull())
         return id;
     AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();

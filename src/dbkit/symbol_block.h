@@ -10,6 +10,9 @@
 /// characters, the ending.
 std::u16string SymbolBlockName(std::u16string_view path);
 
+/// Whether a block of a drawing may stand for a symbol file of its name: not one of the drawing's own, "*Model_Space".
+bool CanNameSymbolBlock(std::u16string_view name);
+
 /// The block definition of a symbol file in the current drawing. A block of its name that is there already is the one,
 /// whatever it holds; else the file is read and inserted. Nothing when that fails. The caller holds the document lock.
 std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path);

@@ -132,7 +132,8 @@ public:
 private:
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
-    Acad::ErrorStatus insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source);
+    Acad::ErrorStatus insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
+                                       std::string& damage);
     void noteChange(ObjectRecord& record);
     ObjectRecord& makeRecord(uint32_t container, std::string_view dxfName);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);

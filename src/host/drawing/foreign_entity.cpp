@@ -2,6 +2,7 @@
 
 #include "host/drawing/foreign_names.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/point_order.h"
 #include "host/drawing/spline_edge.h"
 #include "host/drawing/subclass_markers.h"
 #include "store/group_codes.h"
@@ -141,14 +142,24 @@ void ForeignEntity::carry(const Tag& tag)
     m_pairs.push_back({tag.code, valueFor(tag)});
 }
 
+/// The meaning of a hatch's pairs hangs on their order.
+void ForeignEntity::carryHatch(std::string_view text)
+{
+    OwnPairs own{text};
+    CarriedBoundary boundary{m_values.target().version() >= kR2010};
+    for (Tag tag; own.next(tag);)
+        if (boundary.carries(tag, own, m_pairs))
+            carry(tag);
+}
+
 void ForeignEntity::carryOwn(std::string_view text)
 {
     m_pairs.clear();
     m_part = {};
-    OwnPairs own{text};
-    CarriedBoundary boundary{m_values.target().version() >= kR2010};
-    for (Tag tag; own.next(tag);)
-        if (m_kind != "HATCH" || boundary.carries(tag, own, m_pairs))
+    if (m_kind == "HATCH")
+        carryHatch(text);
+    else
+        for (const Tag& tag : inPointOrder(text))
             carry(tag);
     repairNormal(m_pairs);
 }

@@ -23,6 +23,7 @@ public:
 
 private:
     void carryOwn(std::string_view pairs);
+    void carryHatch(std::string_view pairs);
     void carry(const Tag& tag);
     std::string_view tableOf(int code) const;
     bool isLeftOut(int code) const;

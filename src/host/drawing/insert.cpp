@@ -157,23 +157,34 @@ void BlockCarrier::carrySubEntities(const std::vector<ObjectRecord*>& parts, uin
     m_target.setRecordText(end, m_entity.writeSequenceEnd(end.handle, owner));
 }
 
-/// Whether everything that would be carried from a container of the source is sound.
-bool isSound(AcDbDatabase& source, uint32_t block)
+/// "the entity LINE (handle 2F)"
+std::string nameOf(std::string_view kind, const ObjectRecord& record)
 {
-    const auto isSoundRecord = [&source](const ObjectRecord& record)
+    TagWriter handle;
+    handle.handle(5, record.handle);
+    const std::string_view digits = handle.view().substr(handle.view().find('\n') + 1);
+    return "the entity " + std::string{kind} +
+           (record.handle == 0 ? std::string{} : " (handle " + std::string{digits.substr(0, digits.size() - 1)} + ")");
+}
+
+/// What is damaged of all that would be carried from a container of the source; empty when nothing is.
+std::string whyUnsoundBlock(AcDbDatabase& source, uint32_t block)
+{
+    const auto check = [&source](const ObjectRecord& record)
     {
         const std::string_view kind = source.dxfNameOf(record);
-        return !isCarriedKind(kind) || isSoundEntity(kind, record.view());
+        const std::string why = isCarriedKind(kind) ? whyUnsound(kind, record.view(), source.version()) : std::string{};
+        return why.empty() ? why : nameOf(kind, record) + " is damaged: " + why;
     };
-    const AcDbObjectIdArray entities = source.blocks().entitiesIn(block, false);
-    return std::all_of(entities.begin(), entities.end(),
-                       [&](AcDbObjectId id)
-                       {
-                           const std::vector<ObjectRecord*> parts = subEntitiesOf(*id.record());
-                           return isSoundRecord(*id.record()) &&
-                                  std::all_of(parts.begin(), parts.end(),
-                                              [&](const ObjectRecord* part) { return isSoundRecord(*part); });
-                       });
+    for (const AcDbObjectId id : source.blocks().entitiesIn(block, false))
+    {
+        if (std::string why = check(*id.record()); !why.empty())
+            return why;
+        for (const ObjectRecord* part : subEntitiesOf(*id.record()))
+            if (std::string why = check(*part); !why.empty())
+                return why;
+    }
+    return {};
 }
 
 /// Why a symbol drawing could not become a block, for a person.
@@ -185,8 +196,6 @@ std::string reasonOf(Acad::ErrorStatus status)
         return "its blocks contain each other in a circle";
     case Acad::eInvalidInput:
         return "its name (without the last four characters) cannot name a block";
-    case Acad::eFilerError:
-        return "one of its entities is damaged";
     case Acad::eBadDxfSequence:
         return "the drawing to place it in has no table or no section of blocks";
     default:
@@ -198,13 +207,16 @@ std::string reasonOf(Acad::ErrorStatus status)
 
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source, bool)
 {
-    const Acad::ErrorStatus status = insertModelSpace(blockId, name, source);
+    std::string damage;
+    const Acad::ErrorStatus status = insertModelSpace(blockId, name, source, damage);
     if (status != Acad::eOk && source != nullptr && host::Session::hasCurrent() && !source->m_symbolPath.empty())
-        host::Session::current().unreadableFiles().push_back({source->m_symbolPath, reasonOf(status)});
+        host::Session::current().unreadableFiles().push_back(
+            {source->m_symbolPath, damage.empty() ? reasonOf(status) : damage});
     return status;
 }
 
-Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source)
+Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
+                                                 std::string& damage)
 {
     if (name == nullptr || source == nullptr || source == this || !isValidSymbolName(name))
         return Acad::eInvalidInput;
@@ -227,8 +239,10 @@ Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const ch
     for (const uint32_t block : needed)
         if (equalNoCase(nameOfBlock(*source, block), name))
             return Acad::eSelfReference;
-    if (!isSound(*source, blocks.modelSpace()) ||
-        !std::all_of(needed.begin(), needed.end(), [&](uint32_t block) { return isSound(*source, block); }))
+    damage = whyUnsoundBlock(*source, blocks.modelSpace());
+    for (size_t i = 0; i < needed.size() && damage.empty(); ++i)
+        damage = whyUnsoundBlock(*source, needed[i]);
+    if (!damage.empty())
         return Acad::eFilerError;
     BlockCarrier carrier{*source, *this, blocks};
     for (const uint32_t block : blocks.all())

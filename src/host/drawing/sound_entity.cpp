@@ -2,38 +2,79 @@
 
 #include "host/drawing/curve_readers.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/point_order.h"
+#include "host/drawing/subclass_markers.h"
 #include "host/drawing/tags.h"
 #include "store/group_codes.h"
+
+#include <algorithm>
 
 namespace
 {
 
-bool isNeeded(std::string_view kind, const Tag& tag)
+bool isHexadecimal(std::string_view digits)
 {
-    if (kind == "LWPOLYLINE")
-        return tag.code == 100 && tag.word() == "AcDbPolyline";
-    if (kind == "HATCH")
-        return tag.code == 91;
-    return true;
+    return digits.size() % 2 == 0 && digits.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+std::string whyOutsideFormat(const Tag& tag)
+{
+    const std::string code = std::to_string(tag.code);
+    switch (dxf::kindOf(tag.code))
+    {
+    case dxf::ValueKind::None:
+        return "group code " + code + " is not part of the format";
+    case dxf::ValueKind::Chunk:
+        return isHexadecimal(tag.word()) ? std::string{} : "group code " + code + " does not hold hexadecimal digits";
+    default:
+        return {};
+    }
+}
+
+/// Of the points, in the order of `inPointOrder`.
+std::string whyIncomplete(const std::vector<Tag>& tags)
+{
+    for (size_t i = 0; i < tags.size(); ++i)
+    {
+        const int y = tags[i].code + dxf::kToSecondCoordinate;
+        if (dxf::isFirstCoordinate(tags[i].code) && (i + 1 == tags.size() || tags[i + 1].code != y))
+            return "a point (group code " + std::to_string(tags[i].code) + ") has no second coordinate";
+    }
+    return {};
+}
+
+/// Of all pairs. Extended data is kept in its order: each coordinate must stand behind the one before.
+std::string whyUnreadable(std::string_view pairs)
+{
+    TagReader reader{pairs};
+    bool inside = false;
+    int expected = 0;
+    for (Tag tag; reader.next(tag);)
+    {
+        if (tag.code == dxf::kComment)
+            continue;
+        if (std::string why = whyOutsideFormat(tag); !why.empty())
+            return why;
+        inside = inside || tag.code == dxf::kXApplication;
+        if (!inside && tag.code >= dxf::kXString)
+            return "extended data (group code " + std::to_string(tag.code) + ") of no application";
+        if (expected != 0 && tag.code != expected)
+            return "a point of its extended data has no second coordinate";
+        expected = inside && dxf::isFirstCoordinate(tag.code) ? tag.code + dxf::kToSecondCoordinate : 0;
+    }
+    return expected == 0 ? std::string{} : "a point of its extended data has no second coordinate";
 }
 
 } // namespace
 
-bool isSoundEntity(std::string_view kind, std::string_view pairs)
+std::string whyUnsound(std::string_view kind, std::string_view pairs, int version)
 {
-    TagReader all{pairs};
-    int expected = 0;
-    for (Tag tag; all.next(tag);)
-    {
-        if (tag.code == dxf::kComment)
-            continue;
-        if (expected != 0 && tag.code != expected)
-            return false;
-        expected = dxf::isFirstCoordinate(tag.code) ? tag.code + dxf::kToSecondCoordinate : 0;
-    }
-    bool complete = false;
-    OwnPairs own{pairs}; // what stands in a group that an application never closed does not come along
-    for (Tag tag; !complete && own.next(tag);)
-        complete = isNeeded(kind, tag);
-    return complete && expected == 0 && (kind != "HATCH" || isWholeHatch(pairs));
+    if (std::string why = whyUnreadable(pairs); !why.empty())
+        return why;
+    const std::vector<Tag> own = inPointOrder(pairs);
+    if (std::string why = whyIncomplete(own); !why.empty())
+        return why;
+    if (const std::string_view marker = missingMarker(kind, own, version); !marker.empty())
+        return "its class marker " + std::string{marker} + " (group code 100) is missing";
+    return kind != "HATCH" || isWholeHatch(pairs) ? std::string{} : "loops or edges of its boundary are missing";
 }

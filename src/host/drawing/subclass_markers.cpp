@@ -14,15 +14,12 @@ struct Parts
     std::vector<int> laterCodes = {};
 };
 
-int flagsOf(const std::vector<CarriedPair>& pairs)
+template <class Pair>
+int flagsOf(const std::vector<Pair>& pairs)
 {
-    for (const CarriedPair& pair : pairs)
+    for (const Pair& pair : pairs)
         if (pair.code == 70)
-        {
-            Tag tag;
-            tag.value = pair.value;
-            return static_cast<int>(tag.integer());
-        }
+            return static_cast<int>(Tag{pair.code, pair.value}.integer());
     return 0;
 }
 
@@ -68,7 +65,22 @@ Parts partsOf(std::string_view kind, int flags)
         return {{"AcDbText"}, "AcDbAttributeDefinition", {3, 2, 70, 73, 74}};
     if (kind == "POLYLINE")
         return polylineParts(flags);
-    return kind == "VERTEX" ? vertexParts(flags) : Parts{};
+    if (kind == "VERTEX")
+        return vertexParts(flags);
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kSinceR13{{{"DIMENSION", "AcDbDimension"},
+                                                                                       {"ELLIPSE", "AcDbEllipse"},
+                                                                                       {"HATCH", "AcDbHatch"},
+                                                                                       {"LEADER", "AcDbLeader"},
+                                                                                       {"LWPOLYLINE", "AcDbPolyline"},
+                                                                                       {"MTEXT", "AcDbMText"},
+                                                                                       {"RAY", "AcDbRay"},
+                                                                                       {"SPLINE", "AcDbSpline"},
+                                                                                       {"TOLERANCE", "AcDbFcf"},
+                                                                                       {"XLINE", "AcDbXline"}}};
+    for (const auto& [name, marker] : kSinceR13)
+        if (kind == name)
+            return {{marker}};
+    return {};
 }
 
 bool isCommon(int code)
@@ -78,6 +90,30 @@ bool isCommon(int code)
 }
 
 } // namespace
+
+std::string_view missingMarker(std::string_view kind, const std::vector<Tag>& pairs, int version)
+{
+    constexpr int kR13 = 1012;
+    constexpr int kMarker = 100;
+    const auto has = [&](std::string_view marker)
+    {
+        return std::any_of(pairs.begin(), pairs.end(),
+                           [&](const Tag& tag)
+                           { return tag.code == kMarker && (marker.empty() || tag.word() == marker); });
+    };
+    if (version < kR13 && !has({}))
+        return {};
+    const Parts parts = partsOf(kind, flagsOf(pairs));
+    std::vector<std::string_view> needed{"AcDbEntity"};
+    // Many programs write only the first of a vertex's markers, and nobody misses the others.
+    needed.insert(needed.end(), parts.first.begin(),
+                  parts.first.begin() + std::min<ptrdiff_t>(1, std::ssize(parts.first)));
+    needed.push_back(parts.later);
+    for (const std::string_view marker : needed)
+        if (!marker.empty() && !has(marker))
+            return marker;
+    return {};
+}
 
 void writeWithMarkers(TagWriter& out, std::string_view kind, const std::vector<CarriedPair>& pairs)
 {

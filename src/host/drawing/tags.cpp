@@ -1,6 +1,7 @@
 #include "host/drawing/tags.h"
 
 #include "host/drawing/line_end.h"
+#include "store/group_codes.h"
 
 #include <charconv>
 #include <cmath>
@@ -97,18 +98,35 @@ bool TagReader::next(Tag& tag)
 AcGePoint3d TagReader::pointFrom(const Tag& x)
 {
     AcGePoint3d point{x.real(), 0.0, 0.0};
-    for (const int step : {10, 20})
-    {
-        const char* before = m_at;
-        Tag tag;
-        if (!next(tag) || tag.code != x.code + step)
-        {
-            m_at = before;
-            break;
-        }
-        (step == 10 ? point.y : point.z) = tag.real();
-    }
+    if (takeCoordinate(x, dxf::kToSecondCoordinate, point.y))
+        takeCoordinate(x, 2 * dxf::kToSecondCoordinate, point.z);
     return point;
+}
+
+/// Goes behind the coordinate when it stands next; one that stands farther on is only looked at.
+bool TagReader::takeCoordinate(const Tag& x, int step, double& value)
+{
+    const auto endsPoint = [&](int code)
+    {
+        return code == x.code || code == dxf::kType || code == dxf::kVariable || code == dxf::kEmbeddedObject ||
+               code >= dxf::kXString;
+    };
+    const char* const begin = m_at;
+    const char* at = begin;
+    for (Tag tag; next(tag); at = m_at)
+    {
+        if (tag.code == x.code + step)
+        {
+            value = tag.real();
+            if (at != begin)
+                m_at = begin;
+            return true;
+        }
+        if (endsPoint(tag.code))
+            break;
+    }
+    m_at = begin;
+    return false;
 }
 
 void TagWriter::code(int value)

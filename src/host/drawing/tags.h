@@ -33,14 +33,15 @@ public:
     /// Gives the next pair in `tag`; false at the end.
     bool next(Tag& tag);
 
-    /// Reads a point whose x was just read as `x` (codes c, c+10, c+20; what is missing is 0). Only the codes that
-    /// follow directly are taken.
+    /// Reads a point whose x was just read as `x` (codes c, c+10, c+20; what is missing is 0). The others
+    /// follow directly as a rule; they may stand farther on, before the next x.
     AcGePoint3d pointFrom(const Tag& x);
 
     const char* position() const { return m_at; }
 
 private:
     std::string_view line();
+    bool takeCoordinate(const Tag& x, int step, double& value);
 
     const char* m_at;
     const char* m_end;

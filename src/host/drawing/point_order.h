@@ -1,0 +1,11 @@
+#pragma once
+
+#include "host/drawing/tags.h"
+
+#include <string_view>
+#include <vector>
+
+/// An entity's own pairs, comments left out, with the coordinates of each point together: the format lets an entity
+/// give its points in any order of codes (10, 11, 20, 21), not every reader takes that. A coordinate belongs to the x
+/// of its point that stands last in front of it.
+std::vector<Tag> inPointOrder(std::string_view pairs);
