@@ -27,13 +27,19 @@ bool bring(std::vector<Tag>& tags, size_t point, int code, size_t place)
 
 } // namespace
 
-std::vector<Tag> inPointOrder(std::string_view pairs)
+std::vector<Tag> ownTags(std::string_view pairs)
 {
     std::vector<Tag> tags;
     OwnPairs own{pairs};
     for (Tag tag; own.next(tag);)
         if (tag.code != dxf::kComment)
             tags.push_back(tag);
+    return tags;
+}
+
+std::vector<Tag> inPointOrder(std::string_view pairs)
+{
+    std::vector<Tag> tags = ownTags(pairs);
     for (size_t i = 0; i < tags.size(); ++i)
         if (dxf::isFirstCoordinate(tags[i].code) && bring(tags, i, tags[i].code + dxf::kToSecondCoordinate, i + 1))
             bring(tags, i, tags[i].code + kToThird, i + 2);

@@ -71,7 +71,7 @@ std::string whyUnsound(std::string_view kind, std::string_view pairs, int versio
 {
     if (std::string why = whyUnreadable(pairs); !why.empty())
         return why;
-    const std::vector<Tag> own = inPointOrder(pairs);
+    const std::vector<Tag> own = kind == "HATCH" ? ownTags(pairs) : inPointOrder(pairs);
     if (std::string why = whyIncomplete(own); !why.empty())
         return why;
     if (const std::string_view marker = missingMarker(kind, own, version); !marker.empty())

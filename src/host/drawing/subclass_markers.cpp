@@ -104,15 +104,16 @@ std::string_view missingMarker(std::string_view kind, const std::vector<Tag>& pa
     if (version < kR13 && !has({}))
         return {};
     const Parts parts = partsOf(kind, flagsOf(pairs));
-    std::vector<std::string_view> needed{"AcDbEntity"};
-    // Many programs write only the first of a vertex's markers, and nobody misses the others.
-    needed.insert(needed.end(), parts.first.begin(),
-                  parts.first.begin() + std::min<ptrdiff_t>(1, std::ssize(parts.first)));
-    needed.push_back(parts.later);
-    for (const std::string_view marker : needed)
-        if (!marker.empty() && !has(marker))
+    if (!has("AcDbEntity"))
+        return "AcDbEntity";
+    const auto isOther = [](const Tag& tag) { return tag.code == kMarker && tag.word() != "AcDbEntity"; };
+    // Which of their forms these have is said by flags: programs do not agree on the markers.
+    if (kind == "POLYLINE" || kind == "VERTEX" || kind == "INSERT")
+        return std::any_of(pairs.begin(), pairs.end(), isOther) ? std::string_view{} : parts.first.front();
+    for (const std::string_view marker : parts.first)
+        if (!has(marker))
             return marker;
-    return {};
+    return parts.later.empty() || has(parts.later) ? std::string_view{} : parts.later;
 }
 
 void writeWithMarkers(TagWriter& out, std::string_view kind, const std::vector<CarriedPair>& pairs)
