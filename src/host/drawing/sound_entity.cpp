@@ -43,6 +43,27 @@ std::string whyIncomplete(const std::vector<Tag>& tags)
     return {};
 }
 
+/// Of the class markers: each once, and what only a class of its own has behind that, not among what all entities have.
+std::string whyMisplaced(std::string_view kind, const std::vector<Tag>& tags)
+{
+    const auto isMarker = [](const Tag& tag) { return tag.code == dxf::kClassMarker; };
+    const auto isOfClass = [](int code) { return code == 2 || (code >= 10 && code <= 39); };
+    bool common = std::any_of(tags.begin(), tags.end(), isMarker);
+    std::vector<std::string_view> seen;
+    for (const Tag& tag : tags)
+    {
+        if (common && isOfClass(tag.code))
+            return "group code " + std::to_string(tag.code) + " stands in front of its class marker";
+        if (!isMarker(tag))
+            continue;
+        common = tag.word() == "AcDbEntity";
+        if (kind != "TEXT" && std::find(seen.begin(), seen.end(), tag.word()) != seen.end())
+            return "its class marker " + std::string{tag.word()} + " (group code 100) stands twice";
+        seen.push_back(tag.word());
+    }
+    return {};
+}
+
 /// Of all pairs. Extended data is kept in its order: each coordinate must stand behind the one before.
 std::string whyUnreadable(std::string_view pairs)
 {
@@ -76,5 +97,7 @@ std::string whyUnsound(std::string_view kind, std::string_view pairs, int versio
         return why;
     if (const std::string_view marker = missingMarker(kind, own, version); !marker.empty())
         return "its class marker " + std::string{marker} + " (group code 100) is missing";
+    if (std::string why = whyMisplaced(kind, own); !why.empty())
+        return why;
     return kind != "HATCH" || isWholeHatch(pairs) ? std::string{} : "loops or edges of its boundary are missing";
 }
