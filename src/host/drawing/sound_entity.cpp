@@ -99,5 +99,7 @@ std::string whyUnsound(std::string_view kind, std::string_view pairs, int versio
         return "its class marker " + std::string{marker} + " (group code 100) is missing";
     if (std::string why = whyMisplaced(kind, own); !why.empty())
         return why;
-    return kind != "HATCH" || isWholeHatch(pairs) ? std::string{} : "loops or edges of its boundary are missing";
+    const auto isLoopCount = [](const Tag& tag) { return tag.code == 91; };
+    const bool isWhole = kind != "HATCH" || (std::any_of(own.begin(), own.end(), isLoopCount) && isWholeHatch(pairs));
+    return isWhole ? std::string{} : "loops or edges of its boundary are missing";
 }
