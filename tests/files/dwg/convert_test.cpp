@@ -66,7 +66,7 @@ TEST(ConvertDwg, ABadFileCostsOnlyItself)
     EXPECT_EQ(outcomes[5].reason, "no such thing");
     EXPECT_EQ(outcomes[6].reason, "not a DWG file");
     EXPECT_EQ(outcomes[7].reason, "no such file");
-    EXPECT_EQ(outcomes[8].reason, "is not a regular file");
+    EXPECT_EQ(outcomes[8].reason, "is a folder, not a file");
     EXPECT_EQ(outcomes[9].dxf, dxfOf("third"));
     EXPECT_EQ(outcomes[10].reason, "the conversion did not end within 5 s");
     EXPECT_FALSE(workshop.somethingIsLeft());
