@@ -3,12 +3,15 @@
 #include "console/plan.h"
 #include "console/plan_table.h"
 #include "console/report_parts.h"
+#include "console/spaces.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
 #include "disk/temporary.h"
 #include "files/drawing_names.h"
 #include "host/drawing/database.h"
+#include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
+#include "sectiondraw/draw_style.h"
 #include "sectiondraw/ground_point.h"
 #include "sections/database_cs.h"
 #include "util/document_lock.h"
@@ -89,40 +92,69 @@ void checkSection(CheckReport& report, const std::string& alignment, const Cross
         report.withoutGround.push_back({place.alignment, place.section, std::move(names)});
 }
 
+/// What stands in the way of drawing on an alignment as a whole.
+void checkAlignment(CheckReport& report, const ItemReferenceLine& line, bool duplicate)
+{
+    const std::string name = toUtf8(line.m_strName);
+    report.alignments.emplace_back(name, line.m_listCrossSections.size());
+    if (duplicate)
+        report.duplicateAlignments.push_back(name);
+    if (!whyUnchangeable(line).empty())
+        report.lockedAlignments.push_back(name);
+}
+
+/// Takes the user's steps up to drawing on an alignment: nearby objects, settings, library.
+void confirmSettings(CheckReport& report, DssSession& dss, const ItemReferenceLine& line, const DrawOptions& options)
+{
+    if (line.m_strName.empty() || line.m_listCrossSections.empty()) // the dialog opens no settings for it
+        return;
+    dss.choose(toUtf8(line.m_strName));
+    std::vector<size_t> all(line.m_listCrossSections.size());
+    std::iota(all.begin(), all.end(), size_t{0});
+    dss.tick(all);
+    if (options.nearby)
+        dss.lookNearby();
+    dss.confirmSettings(options.library);
+    for (const std::string& note : dss.settingsNotes())
+        report.notes.push_back(toUtf8(line.m_strName) + ": " + note);
+}
+
+/// Layers that what is drawn would be put on, but that cannot be had.
+void checkSettings(CheckReport& report, AcDbDatabase& drawing)
+{
+    const DrawStyle style = MakeDrawStyle(g_DatabaseCS);
+    const std::pair<const char*, const OptionStyle*> options[] = {{"nameLabels", &style.symbolLabel},
+                                                                  {"codeLabels", &style.fcodeLabel},
+                                                                  {"symbols", &style.symbolBlock},
+                                                                  {"codeSymbols", &style.fcodeBlock}};
+    for (const auto& [name, option] : options)
+        if (option->on && !option->layer.empty() && !isValidSymbolName(option->layer) &&
+            drawing.tables().find("LAYER", option->layer) == nullptr)
+            report.badLayers.push_back({name, toUtf8(option->layer)});
+    noteLabelLayer(report.notes, drawing);
+}
+
 /// Takes the user's steps up to drawing on the chosen alignments: nearby objects, settings, library.
-void checkSections(CheckReport& report, Program& program, const DrawOptions& options)
+void checkSections(CheckReport& report, Program& program, AcDbDatabase& database, const DrawOptions& options)
 {
     DssSession dss{program};
-    std::set<std::u16string, LessNoCase> chosen;
     if (!options.alignment.empty())
         dss.choose(options.alignment);
-    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
-        if (options.alignment.empty() || equalNoCase(line.m_strName, toUtf16(options.alignment)))
-            chosen.insert(line.m_strName);
-    if (options.nearby)
-        program.command(u"ZE");
-    for (const std::u16string& name : chosen)
-    {
-        if (name.empty()) // the dialog opens no settings for it
-            continue;
-        dss.choose(toUtf8(name));
-        std::vector<size_t> all(dss.line().m_listCrossSections.size());
-        std::iota(all.begin(), all.end(), size_t{0});
-        if (all.empty())
-            continue;
-        dss.tick(all);
-        dss.confirmSettings(options.library);
-        for (const std::string& words : dss.wordsForNumbers())
-            report.notes.push_back(toUtf8(name) + ": " + words);
-    }
+    std::set<std::u16string, LessNoCase> seen;
     for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
     {
-        if (!chosen.contains(line.m_strName))
+        if (!options.alignment.empty() && !equalNoCase(line.m_strName, toUtf16(options.alignment)))
             continue;
-        report.alignments.emplace_back(toUtf8(line.m_strName), line.m_listCrossSections.size());
+        const bool duplicate = !seen.insert(line.m_strName).second;
+        checkAlignment(report, line, duplicate);
+        if (duplicate) // the dialog acts on the first one
+            continue;
+        confirmSettings(report, dss, line, options);
+        report.sections.add(line);
         for (const CrossSectionXdata& section : line.m_listCrossSections)
             checkSection(report, toUtf8(line.m_strName), section);
     }
+    checkSettings(report, database);
     dss.close();
 }
 
@@ -244,9 +276,9 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
     const PrivateSettings settings{settingsFolderOf(options.common)};
     Program program{withSettingsIn(settings, table, options)};
     AcDbDatabase& drawing = *program.open(report.drawing)->database();
+    report.layout = shownLayout(drawing);
     noteLayout(report.notes, drawing);
-    checkSections(report, program, options);
-    noteLabelLayer(report.notes, drawing);
+    checkSections(report, program, drawing, options);
     if (!table.empty())
         openPlanTable(program, table,
                       [&](const PlanTable& shown)
@@ -254,8 +286,13 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
                           report.features.kinds[kTableCodes] = shown.codes.kinds[kTableCodes];
                           report.features.texts[kTableCodes] = shown.codes.texts[kTableCodes];
                           report.keptSymbols = keptSymbols(shown.codes, rowFiles.back());
+                          for (const auto& [code, rotation] : shown.rotations)
+                              if (isWideRotation(rotation))
+                                  report.wideRotations.push_back({kTableCodes, toUtf8(code), rotation});
                           return false;
                       });
+    for (const auto& [row, rotation] : report.sections.wideRotations)
+        report.wideRotations.push_back({row.first, toUtf8(row.second), rotation});
     checkFiles(report, program, drawing);
     checkRows(report, rowFiles, options.nearby);
     checkUnusedFiles(report, program, rowFiles);

@@ -1,44 +1,12 @@
 #include "console/check_report.h"
 
-#include "console/shown_text.h"
-
-#include <array>
+#include "console/verdict.h"
 
 namespace console
 {
 
 namespace
 {
-
-struct KindNames
-{
-    const char* key;   ///< in the JSON
-    const char* title; ///< for a person
-};
-
-constexpr std::array<KindNames, kFeatureKindCount> kKinds{{{"names", "Names of features on the sections"},
-                                                           {"codes", "Codes of points on the sections"},
-                                                           {"planCodes", "Codes of the sections' points on the plan"},
-                                                           {"tableCodes", "Codes of all points of the plan"}}};
-
-/// A text with characters that have no 8-bit form.
-struct LostText
-{
-    std::string text;
-    std::vector<LostCharacter> characters;
-};
-
-std::vector<LostText> lostTexts(const FeatureCounts& features)
-{
-    std::set<std::u16string> texts;
-    for (const auto& kind : features.texts)
-        texts.insert(kind.begin(), kind.end());
-    std::vector<LostText> found;
-    for (const std::u16string& text : texts)
-        if (std::vector<LostCharacter> lost = lostCharacters(text); !lost.empty())
-            found.push_back({toUtf8(text), std::move(lost)});
-    return found;
-}
 
 /// Members `alignment` and `section` for each, and the names where they count.
 Json sectionsJson(const std::vector<CheckedSection>& sections, bool names)
@@ -71,10 +39,10 @@ Json featuresJson(const FilesByName& names, const std::map<std::u16string, Check
     return json;
 }
 
-Json lostJson(const FeatureCounts& features)
+Json lostJson(const std::vector<LostText>& texts)
 {
     Json json = Json::array();
-    for (const auto& [text, lost] : lostTexts(features))
+    for (const auto& [text, lost] : texts)
     {
         Json characters = Json::array();
         for (const auto& [character, code] : lost)
@@ -84,44 +52,86 @@ Json lostJson(const FeatureCounts& features)
     return json;
 }
 
-std::string fileText(const std::u16string& file, const std::map<std::u16string, CheckedFile>& files)
+template <class List, class Convert>
+Json listJson(const List& list, Convert convert)
 {
-    const auto checked = files.find(file);
-    if (checked == files.end())
-        return "no symbol file";
-    const auto& [found, reason, inDrawing] = checked->second;
-    std::string text = toUtf8(file) + (found.empty() ? ": not found" : " -> " + found);
-    if (!found.empty() && !reason.empty())
-        text += ": cannot be read";
-    return text + (inDrawing ? "; the drawing has its block" : "");
-}
-
-std::string featuresText(const CheckReport& report)
-{
-    std::string text;
-    for (size_t kind = 0; kind < kFeatureKindCount; ++kind)
-    {
-        const FilesByName& names = report.features.kinds[kind];
-        text += names.empty() ? "" : std::string{kKinds[kind].title} + ":\n";
-        for (const auto& [name, counts] : names)
-            for (const auto& [file, count] : counts)
-                text += shownLine("  " + toUtf8(name) + " (" + std::to_string(count) +
-                                  "): " + fileText(file, report.files));
-    }
-    return text;
-}
-
-/// `title`, and a line for each element; nothing for an empty list.
-template <class List, class LineOf>
-std::string listText(const char* title, const List& list, LineOf lineOf)
-{
-    std::string text = list.empty() ? "" : std::string{title} + ":\n";
+    Json json = Json::array();
     for (const auto& element : list)
-        text += shownLine("  " + lineOf(element));
-    return text;
+        json.push_back(convert(element));
+    return json;
+}
+
+Json placeJson(const SectionName& place)
+{
+    return {{"alignment", place.alignment}, {"section", place.section}};
+}
+
+Json countedJson(const CountedName& each)
+{
+    return {{"list", kFeatureKinds[each.kind].key}, {"name", toUtf8(each.name)}, {"count", each.count}};
+}
+
+Json lostFileJson(const LostFile& file)
+{
+    return {{"path", file.path},
+            {"missing", file.missing},
+            {"names", listJson(file.names, countedJson)},
+            {"sections", listJson(file.sections, placeJson)}};
+}
+
+/// A member with a place, and more members.
+Json withPlace(const SectionName& place, const Json& members)
+{
+    Json json = placeJson(place);
+    json.update(members);
+    return json;
+}
+
+void addFindings(Json& json, const CheckReport& report)
+{
+    const SectionFindings& sections = report.sections;
+    json["lostFiles"] = listJson(report.lostFiles(), lostFileJson);
+    json["duplicateAlignments"] = report.duplicateAlignments;
+    json["lockedAlignments"] = report.lockedAlignments;
+    json["raisedSections"] =
+        listJson(sections.raised,
+                 [](const RaisedSection& each) {
+                     return withPlace(each.place, {{"heightA", each.heightA}, {"heightB", each.heightB}});
+                 });
+    json["wrongSides"] = listJson(
+        sections.wrongSides,
+        [](const PointOnWrongSide& each) {
+            return withPlace(each.place, {{"code", each.code}, {"offset", each.offset}, {"distance", each.distance}});
+        });
+    json["coinciding"] = listJson(
+        sections.coinciding,
+        [](const CoincidingRows& each) {
+            return withPlace(each.place, {{"name", each.name}, {"offset", each.offset}, {"count", each.count}});
+        });
+    json["badLayers"] = listJson(report.badLayers,
+                                 [](const BadLayer& each) {
+                                     return Json{{"option", each.option}, {"layer", each.layer}};
+                                 });
+    json["wideRotations"] = listJson(
+        report.wideRotations,
+        [](const WideRotation& each) {
+            return Json{{"list", kFeatureKinds[each.kind].key}, {"name", each.name}, {"rotation", each.rotation}};
+        });
 }
 
 } // namespace
+
+std::vector<LostText> CheckReport::lostTexts() const
+{
+    std::set<std::u16string> texts;
+    for (const auto& kind : features.texts)
+        texts.insert(kind.begin(), kind.end());
+    std::vector<LostText> found;
+    for (const std::u16string& text : texts)
+        if (std::vector<LostCharacter> lost = lostCharacters(text); !lost.empty())
+            found.push_back({toUtf8(text), std::move(lost)});
+    return found;
+}
 
 std::vector<UnreadableSymbol> CheckReport::unreadable() const
 {
@@ -132,58 +142,51 @@ std::vector<UnreadableSymbol> CheckReport::unreadable() const
     return unreadable;
 }
 
+std::vector<LostFile> CheckReport::lostFiles() const
+{
+    std::vector<LostFile> lost;
+    for (const auto& [path, file] : files)
+    {
+        if (file.reason.empty() || file.inDrawing)
+            continue;
+        LostFile& entry = lost.emplace_back(LostFile{toUtf8(path), file.found.empty(), {}, {}});
+        for (size_t kind = 0; kind < kFeatureKindCount; ++kind)
+            for (const auto& [name, counts] : features.kinds[kind])
+                if (const auto used = counts.find(path); used != counts.end())
+                    entry.names.push_back({static_cast<FeatureKind>(kind), name, used->second});
+        if (const auto places = sections.sectionsOfFile.find(path); places != sections.sectionsOfFile.end())
+            entry.sections = places->second;
+    }
+    return lost;
+}
+
 Json CheckReport::json() const
 {
     Json json{{"drawing", drawing}};
+    json.update(verdictOf(*this).json());
     if (!library.empty())
         json["library"] = library;
     if (!table.empty())
         json["table"] = table;
     json["alignments"] = Json::array();
-    for (const auto& [name, sections] : alignments)
-        json["alignments"].push_back({{"name", name}, {"sections", sections}});
+    for (const auto& [name, count] : alignments)
+        json["alignments"].push_back({{"name", name}, {"sections", count}});
     for (size_t kind = 0; kind < kFeatureKindCount; ++kind)
-        json[kKinds[kind].key] = featuresJson(features.kinds[kind], files);
+        json[kFeatureKinds[kind].key] = featuresJson(features.kinds[kind], files);
     json["unreadable"] = unreadableJson(unreadable());
-    json["withoutRow"] = Json::array();
-    for (const auto& [kind, name, count] : withoutRow)
-        json["withoutRow"].push_back({{"list", kKinds[kind].key}, {"name", toUtf8(name)}, {"count", count}});
+    json["withoutRow"] = listJson(withoutRow, countedJson);
     json["keptSymbols"] = keptSymbolsJson(keptSymbols);
     json["unusedRows"] = Json::array();
     for (const auto& [kind, key, file] : unusedRows)
-        json["unusedRows"].push_back({{"list", kKinds[kind].key}, {"name", toUtf8(key)}, {"file", toUtf8(file)}});
+        json["unusedRows"].push_back(
+            {{"list", kFeatureKinds[kind].key}, {"name", toUtf8(key)}, {"file", toUtf8(file)}});
     json["unusedFiles"] = unusedFiles;
     json["withoutGroundLine"] = sectionsJson(withoutGroundLine, false);
     json["withoutGround"] = sectionsJson(withoutGround, true);
-    json["lostTexts"] = lostJson(features);
+    addFindings(json, *this);
+    json["lostTexts"] = lostJson(lostTexts());
     json["notes"] = notes;
     return json;
-}
-
-std::string CheckReport::text() const
-{
-    std::string text = shownLine(drawing + (library.empty() ? "" : ", library " + library) +
-                                 (table.empty() ? "" : ", table " + table));
-    text += listText("Alignments", alignments,
-                     [](const auto& each) { return each.first + ": " + std::to_string(each.second) + " sections"; });
-    text += featuresText(*this);
-    text += listText("Symbol files that are missing or cannot be read", unreadable(),
-                     [](const UnreadableSymbol& each) { return each.path + ": " + each.reason; });
-    text += listText("Without a row", withoutRow,
-                     [](const NameWithoutRow& each)
-                     { return toUtf8(each.name) + " (" + std::to_string(each.count) + "), " + titleOf(each.kind); });
-    text += listText("Rows that nothing uses", unusedRows,
-                     [](const FileRow& each)
-                     { return toUtf8(each.key) + ", " + titleOf(each.kind) + ", " + toUtf8(each.file); });
-    text += listText("Symbol files that no row uses", unusedFiles, [](const std::string& each) { return each; });
-    text += listText("Sections without a ground line", withoutGroundLine,
-                     [](const CheckedSection& each) { return each.alignment + " " + each.section; });
-    text += listText("No ground under", withoutGround,
-                     [](const CheckedSection& each)
-                     { return each.alignment + " " + each.section + ": " + joined(each.names); });
-    text += listText("Texts with characters that have no 8-bit form", lostTexts(features),
-                     [](const LostText& each) { return each.text + ": " + namesOf(each.characters); });
-    return text + keptSymbolsText(keptSymbols) + notesText(notes);
 }
 
 } // namespace console

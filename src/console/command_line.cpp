@@ -129,6 +129,7 @@ void declareCheck(CLI::App& command, TableOptions& options)
     addAlignment(command, options.draw, "the alignment to check; all by default");
     addNearby(command, options.draw.nearby);
     addStrict(command, options.draw);
+    command.add_flag("--all", options.all, "print all lists in full");
 }
 
 void declareScript(CLI::App& command, ScriptOptions& options)

@@ -9,6 +9,7 @@
 #include "console/script_runner.h"
 #include "console/shown_text.h"
 #include "console/symbol_folders.h"
+#include "console/verdict.h"
 #include "disk/read.h"
 #include "files/drawing_names.h"
 #include "sections/database_cs.h"
@@ -108,8 +109,9 @@ void runCheck(const TableOptions& options)
     const Progress progress{"checking " + options.draw.common.drawing};
     requireFolders(options.draw.common);
     const CheckReport report = checkDrawing(options.table, options.draw);
-    print(report, options.draw.common.json);
-    failWhenStrict(report.unreadable(), options.draw.strict);
+    options.draw.common.json ? print(report.json()) : print(report.text(options.all));
+    if (const Verdict verdict = verdictOf(report); options.draw.strict && !verdict.isReady())
+        throw Failure{verdict.line()};
 }
 
 void runScript(const ScriptOptions& options)

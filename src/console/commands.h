@@ -30,6 +30,7 @@ struct TableOptions
 {
     DrawOptions draw;
     std::string table;
+    bool all = false; ///< of `check`: its lists are not shortened
 };
 
 /// The commands as the user gives them: each prints what it did on standard output, and what it is about on standard

@@ -55,12 +55,8 @@ void requireChangeable(const ItemReferenceLine& line, AcDbDatabase& database)
 {
     if (database.blocks().record(u"*Model_Space") == nullptr)
         throw Failure{"the drawing has no model space among its blocks: nothing can be drawn in it"};
-    const OpenForWrite lock;
-    const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment, AcDb::kForWrite};
-    if (alignment.openStatus() == Acad::eOnLockedLayer)
-        throw Failure{"the alignment \"" + toUtf8(line.m_strName) + "\" is on a locked layer and cannot be changed"};
-    if (!alignment)
-        throw Failure{"the alignment \"" + toUtf8(line.m_strName) + "\" cannot be changed"};
+    if (const std::string reason = whyUnchangeable(line); !reason.empty())
+        throw Failure{reason};
 }
 
 SectionReport sectionReport(AcDbDatabase& database, const CrossSectionXdata& section)
@@ -131,7 +127,6 @@ Report drawDrawing(const DrawOptions& options)
     }
     Program program{common};
     AcDbDatabase& database = *program.open(options.common.drawing)->database();
-    const bool confirm = library || !hasSettings(common);
     DssSession dss{program};
     dss.choose(options.alignment);
     requireChangeable(dss.line(), database);
@@ -140,8 +135,8 @@ Report drawDrawing(const DrawOptions& options)
         throw Failure{"the alignment \"" + toUtf8(dss.line().m_strName) + "\" has no cross-sections"};
     dss.tick(positions);
     if (options.nearby)
-        program.command(u"ZE");
-    if (confirm)
+        dss.lookNearby();
+    if (library || dss.keepsSettings() || !hasSettings(common))
         dss.confirmSettings(options.library);
     const EarlierDrawings earlier{dss.line()};
     FeatureCounts drawn;
@@ -166,14 +161,14 @@ Report drawDrawing(const DrawOptions& options)
     report.withoutSymbol = withoutSymbol(drawn);
     report.unreadable = unreadableSymbols(program.session());
     noteLayout(report.notes, database);
-    report.notes.insert(report.notes.end(), dss.wordsForNumbers().begin(), dss.wordsForNumbers().end());
+    report.notes.insert(report.notes.end(), dss.settingsNotes().begin(), dss.settingsNotes().end());
     earlier.noteKept(report.notes, positions);
     if (library)
         noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);
+    addNotes(report.notes, drawn, database);
     dss.close();
     noteConversion(report.notes, options.common.drawing, database);
     noteIncomplete(report.notes, program.session());
-    addNotes(report.notes, drawn, database);
     noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);
     program.session().saveCurrent(toUtf16(options.output));

@@ -2,6 +2,8 @@
 
 #include "host/ui/tab_ctrl.h"
 #include "sections/database_cs.h"
+#include "sections/run_options.h"
+#include "settings/drawing_settings.h"
 #include "util/numbers.h"
 
 #include <algorithm>
@@ -46,6 +48,22 @@ std::vector<std::string> wordsInPlaceOfNumbers(const CDialog& settings)
                     found.push_back("settings that the drawing keeps: \"" + toUtf8(text) + "\" as " + name +
                                     " is no number and counts as 0");
     return found;
+}
+
+/// Sets the module's options while it lives.
+class OptionsForRun
+{
+public:
+    explicit OptionsForRun(RunOptions options) { g_RunOptions = options; }
+    OptionsForRun(const OptionsForRun&) = delete;
+    OptionsForRun& operator=(const OptionsForRun&) = delete;
+    ~OptionsForRun() { g_RunOptions = {}; }
+};
+
+/// With the distances of the shared settings and without a word to the stored ones.
+RunOptions keptOptions()
+{
+    return {SearchDistances{g_DatabaseCS.m_dBackwardDistance, g_DatabaseCS.m_dForwardDistance}, true};
 }
 
 } // namespace
@@ -95,8 +113,45 @@ void DssSession::tick(const std::vector<size_t>& sections)
                                   std::binary_search(sections.begin(), sections.end(), row)));
 }
 
+bool DssSession::keepsSettings() const
+{
+    return !ReadDrawingSettings(line().m_idAlignment).empty();
+}
+
+/// Puts the drawing's distances where the dialog will compare its own with them.
+void DssSession::takeKeptSettings()
+{
+    restoreSettings();
+    if (!keepsSettings())
+        return;
+    m_stored.emplace(g_DatabaseCS);
+    if (const auto numbers = ReadDrawingNumbers(line().m_idAlignment))
+    {
+        g_DatabaseCS.m_dBackwardDistance = ToReal(numbers->backward);
+        g_DatabaseCS.m_dForwardDistance = ToReal(numbers->forward);
+    }
+}
+
+void DssSession::restoreSettings()
+{
+    if (m_stored)
+        m_stored->restore(g_DatabaseCS);
+    m_stored.reset();
+}
+
+void DssSession::lookNearby()
+{
+    takeKeptSettings();
+    const std::pair distances{g_DatabaseCS.m_dBackwardDistance, g_DatabaseCS.m_dForwardDistance};
+    if (m_lookedWithin != distances)
+        m_program.command(u"ZE");
+    m_lookedWithin = distances;
+}
+
 void DssSession::confirmSettings(const std::string& library)
 {
+    takeKeptSettings();
+    const OptionsForRun options{m_stored ? keptOptions() : RunOptions{}};
     bool opened = false;
     m_program.frontEnd().onModal = [&](CDialog& settings)
     {
@@ -106,13 +161,16 @@ void DssSession::confirmSettings(const std::string& library)
             m_program.frontEnd().queue({toUtf16(library), std::nullopt});
             require(settings.userClick(kOpenLibrary));
         }
-        m_wordsForNumbers = wordsInPlaceOfNumbers(settings);
+        m_settingsNotes = wordsInPlaceOfNumbers(settings);
         require(settings.userClick(IDOK));
     };
     click(kSettings);
     m_program.frontEnd().onModal = nullptr;
     if (!opened)
         throw Failure{"the settings could not be opened"};
+    if (const auto numbers = ReadDrawingNumbers(line().m_idAlignment); numbers && m_stored)
+        if (std::string differences = m_stored->differencesFrom(*numbers); !differences.empty())
+            m_settingsNotes.push_back(std::move(differences));
 }
 
 void DssSession::click(int id)
@@ -133,6 +191,7 @@ void DssSession::undo()
 
 void DssSession::close()
 {
+    restoreSettings();
     click(IDOK);
 }
 

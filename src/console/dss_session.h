@@ -2,7 +2,9 @@
 
 #include "console/program.h"
 #include "console/report.h"
+#include "console/stored_settings.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,10 +38,16 @@ public:
     void choose(const std::string& alignment);
     const ItemReferenceLine& line() const;
     void tick(const std::vector<size_t>& sections);
-    /// Opens the settings, loads a feature library when one is given, and confirms.
+    /// Whether the drawing keeps settings for the alignment.
+    bool keepsSettings() const;
+    /// Looks for the objects near the sections, within the alignment's distances.
+    void lookNearby();
+    /// Opens the settings, loads a feature library when one is given, and confirms. What the drawing keeps for the
+    /// alignment is in force until another one's settings are confirmed or the dialog is closed, and reaches neither
+    /// the user's stored settings nor, by its distances, the objects near the sections.
     void confirmSettings(const std::string& library);
-    /// What stood in the general settings where a number should be, as sentences; known once they were confirmed.
-    const std::vector<std::string>& wordsForNumbers() const { return m_wordsForNumbers; }
+    /// What is to be said of the settings that were confirmed last, as sentences.
+    const std::vector<std::string>& settingsNotes() const { return m_settingsNotes; }
     void draw();
     void undo();
     void close();
@@ -47,10 +55,14 @@ public:
 private:
     CDialog& dialog() const;
     void click(int id);
+    void takeKeptSettings();
+    void restoreSettings();
 
     Program& m_program;
     std::u16string m_alignment;
-    std::vector<std::string> m_wordsForNumbers;
+    std::vector<std::string> m_settingsNotes;
+    std::optional<std::pair<double, double>> m_lookedWithin; ///< the distances of the last look for nearby objects
+    std::optional<StoredSettings> m_stored;                  ///< while what the drawing keeps is in force
 };
 
 /// The subcommands; each answers what it did and has saved the drawing.

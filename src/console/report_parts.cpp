@@ -3,10 +3,12 @@
 #include "console/lost_text.h"
 #include "console/spaces.h"
 #include "files/reader.h"
+#include "host/companion/alignment.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "sectiondraw/draw_style.h"
 #include "sections/database_cs.h"
+#include "util/document_lock.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -47,6 +49,16 @@ bool isLive(AcDbObjectId id)
 size_t liveCount(const AcDbObjectIdArray& ids)
 {
     return static_cast<size_t>(std::count_if(ids.begin(), ids.end(), isLive));
+}
+
+std::string whyUnchangeable(const ItemReferenceLine& line)
+{
+    const OpenForWrite lock;
+    const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment, AcDb::kForWrite};
+    const std::string name = "the alignment \"" + toUtf8(line.m_strName) + "\"";
+    if (alignment.openStatus() == Acad::eOnLockedLayer)
+        return name + " is on a locked layer and cannot be changed";
+    return alignment ? std::string{} : name + " cannot be changed";
 }
 
 void noteConversion(Notes& notes, const std::string& drawing, const AcDbDatabase& database)

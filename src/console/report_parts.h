@@ -10,6 +10,7 @@
 #include <vector>
 
 class AcDbDatabase;
+struct ItemReferenceLine;
 
 namespace console
 {
@@ -24,6 +25,9 @@ std::vector<UnreadableSymbol> unreadableSymbols(host::Session& session);
 bool isLive(AcDbObjectId id);
 /// How many of the ids do.
 size_t liveCount(const AcDbObjectIdArray& ids);
+
+/// Why nothing can be drawn for an alignment: it cannot be opened for writing. Empty when it can.
+std::string whyUnchangeable(const ItemReferenceLine& line);
 
 /// The drawing came from a DWG: it was converted, and what that lost.
 void noteConversion(Notes& notes, const std::string& drawing, const AcDbDatabase& database);

@@ -2,6 +2,7 @@
 
 #include "host/app/disk.h"
 #include "host/text.h"
+#include "sections/run_options.h"
 #include "sections/settings_text.h"
 #include "util/fields.h"
 #include "util/folders.h"
@@ -138,27 +139,39 @@ std::u16string settingsPath()
     return UserDataFolder() + u"\\iniSymbol.cfg";
 }
 
+void storeLines(DatabaseCS& database, std::string_view rest)
+{
+    database.m_arrDrawFlags.assign(kDrawOptionCount, 0);
+    database.m_arrLayerNames.resize(kDrawOptionCount);
+    while (!rest.empty())
+    {
+        const std::string_view line = rest.substr(0, rest.find('\n'));
+        storeLine(database, DecodeSettings(line));
+        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    }
+}
+
 } // namespace
+
+RunOptions g_RunOptions;
 
 void DatabaseCS::LoadSettings()
 {
     m_arrDrawFlags.clear();
-    const std::optional<std::string> bytes = ReadWholeFile(settingsPath());
-    if (!bytes)
-        return;
-    m_arrDrawFlags.assign(kDrawOptionCount, 0);
-    m_arrLayerNames.resize(kDrawOptionCount);
-    for (std::string_view rest = *bytes; !rest.empty();)
+    if (const std::optional<std::string> bytes = ReadWholeFile(settingsPath()))
+        storeLines(*this, *bytes);
+    if (const auto& distances = g_RunOptions.distances)
     {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        storeLine(*this, DecodeSettings(line));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        m_dBackwardDistance = distances->backward;
+        m_dForwardDistance = distances->forward;
     }
 }
 
 bool DatabaseCS::SaveSettings() const
 {
     checkOptions(*this);
+    if (g_RunOptions.keepStoredSettings)
+        return true;
     std::string bytes;
     for (const Setting& setting : kSettings)
     {

@@ -32,6 +32,11 @@ std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment)
     return lines;
 }
 
+std::optional<GeneralTexts> ReadDrawingNumbers(AcDbObjectId alignment)
+{
+    return ParseGeneralLine(SplitSections(ReadDrawingSettings(alignment), GeneralSection::kLast).general);
+}
+
 void WriteDrawingSettings(AcDbObjectId alignment, const std::vector<std::u16string>& lines)
 {
     const OpenForWrite lock;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "host/drawing/object_id.h"
+#include "settings/library_lines.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +12,9 @@
 
 /// The lines kept for an alignment; none when there are none, or for a null id.
 std::vector<std::u16string> ReadDrawingSettings(AcDbObjectId alignment);
+
+/// The numbers of the general settings among them; nothing when the general page would take none from them.
+std::optional<GeneralTexts> ReadDrawingNumbers(AcDbObjectId alignment);
 
 /// Replaces the lines kept for an alignment, under the document lock. No lines, or a null id: what is kept stays.
 void WriteDrawingSettings(AcDbObjectId alignment, const std::vector<std::u16string>& lines);

@@ -9,7 +9,6 @@
 #include "settings/draw_color.h"
 #include "util/dialog_help.h"
 #include "util/display_scale.h"
-#include "util/fields.h"
 #include "util/numbers.h"
 
 #include <cmath>
@@ -188,15 +187,13 @@ TextLines GeneralSettingDlg::CollectGeneralLine() const
 
 void GeneralSettingDlg::LoadGeneralLine(const TextLines& lines)
 {
-    if (lines.empty())
+    const std::optional<GeneralTexts> texts = ParseGeneralLine(lines);
+    if (!texts)
         return;
-    const std::vector<std::u16string> fields = SplitFields(lines.front(), u',', EmptyFields::kSkip);
-    if (fields.size() != 4)
-        return;
-    m_editBackward.SetWindowText(fields[0]);
-    m_editForward.SetWindowText(fields[1]);
-    m_editTextHeight.SetWindowText(fields[2]);
-    m_editDeltaY.SetWindowText(fields[3]);
+    m_editBackward.SetWindowText(texts->backward);
+    m_editForward.SetWindowText(texts->forward);
+    m_editTextHeight.SetWindowText(texts->textHeight);
+    m_editDeltaY.SetWindowText(texts->deltaY);
 }
 
 void GeneralSettingDlg::LayOutPage(int width, int height)

@@ -62,6 +62,16 @@ LibraryLines SplitSections(const TextLines& lines, GeneralSection general)
     return sections;
 }
 
+std::optional<GeneralTexts> ParseGeneralLine(const TextLines& lines)
+{
+    if (lines.empty())
+        return std::nullopt;
+    const std::vector<std::u16string> fields = SplitFields(lines.front(), u',', EmptyFields::kSkip);
+    if (fields.size() != 4)
+        return std::nullopt;
+    return GeneralTexts{fields[0], fields[1], fields[2], fields[3]};
+}
+
 std::u16string JoinRow(const RowTexts& row)
 {
     std::u16string line = row.front();

@@ -45,6 +45,18 @@ LibraryLines SplitSections(const TextLines& lines, GeneralSection general);
 /// The line that opens the section of a table.
 std::u16string_view MarkerOf(LibraryTable table);
 
+/// The numbers of the general settings as they are typed, in the order in which a line of them holds them.
+struct GeneralTexts
+{
+    std::u16string backward;
+    std::u16string forward;
+    std::u16string textHeight;
+    std::u16string deltaY;
+};
+
+/// Those of the first line when it holds exactly four.
+std::optional<GeneralTexts> ParseGeneralLine(const TextLines& lines);
+
 /// One row of a table as text: the name or feature code that it is about, the symbol drawing, both scales and the
 /// rotation as the cells show them.
 using RowTexts = std::array<std::u16string, 5>;
