@@ -1,7 +1,10 @@
 #include "disk/replace.h"
 
+#include "disk/earlier_file.h"
 #include "disk/error.h"
+#include "disk/lock.h"
 #include "disk/output.h"
+#include "disk/read.h"
 #include "disk/temporary.h"
 
 #include <cerrno>
@@ -9,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 
 namespace disk
@@ -39,65 +43,137 @@ void syncFolder(const std::string& folder)
         fsync(opened.get());
 }
 
+void require(int error, const std::string& name)
+{
+    if (error != 0)
+        throw FileError{name, std::string{"cannot be written: "} + std::strerror(error)};
+}
+
+/// What stands at `path`; nothing when there is nothing. Throws when that is no file that may be replaced. The bits of
+/// the mode count by themselves: they hold for a user whom the system refuses nothing, too.
+std::optional<struct stat> replaceable(const std::string& path, const std::string& name)
+{
+    struct stat status = {};
+    if (stat(path.c_str(), &status) != 0)
+    {
+        require(errno == ENOENT ? 0 : errno, name);
+        return std::nullopt;
+    }
+    if (S_ISDIR(status.st_mode))
+        throw FileError{name, "cannot be written: it is a folder"};
+    if (!S_ISREG(status.st_mode))
+        throw FileError{name, "cannot be written: it is not a regular file"};
+    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+        throw FileError{name, "cannot be written: it is write-protected"};
+    require(access(path.c_str(), W_OK) == 0 ? 0 : errno, name);
+    return status;
+}
+
 /// The replacing of one file, step by step; the first step that fails throws.
 class Replacement
 {
 public:
     Replacement(const std::string& name, const ReplaceRules& rules, Faults& faults)
-        : m_name{name}, m_path{throughLinks(name)}, m_rules{rules}, m_faults{faults}
+        : m_name{name}, m_path{throughLinks(name)}, m_folder{folderOf(m_path)}, m_rules{rules}, m_faults{faults}
     {
-        m_replaces = stat(m_path.c_str(), &m_earlier) == 0;
-        if (m_replaces && !S_ISREG(m_earlier.st_mode))
-            throw FileError{m_name, "cannot be written: it is not a regular file"};
     }
 
     void run(const std::vector<std::string_view>& pieces)
     {
-        TemporaryFile fresh{folderOf(m_path), m_replaces ? kPrivateMode : kNewFileMode};
-        require(fresh.error());
-        require(writePieces(fresh.file().get(), pieces, m_name, m_faults));
-        if (m_replaces)
-            (void)fchmod(fresh.file().get(), m_earlier.st_mode & 07777);
-        if (m_rules.durable)
-            require(asked(Step::kSync, m_name, [&] { return fsync(fresh.file().get()); }));
-        require(fresh.file().close() ? 0 : errno);
-        if (m_replaces && m_rules.keepEarlier)
-            keepEarlier();
-        require(asked(Step::kRename, m_name, [&] { return std::rename(fresh.path().c_str(), m_path.c_str()); }));
-        fresh.release();
-        if (m_rules.durable)
-            syncFolder(folderOf(m_path));
+        m_earlier = replaceable(m_path, m_name);
+        m_lock = lockForSaving(m_path, m_name, m_faults);
+        m_earlier = replaceable(m_path, m_name);
+        clearLeftovers(m_folder);
+        TemporaryFile fresh{m_folder, m_earlier ? kPrivateMode : kNewFileMode};
+        if (fresh.error() != 0 && m_earlier && m_rules.inPlaceIfNeeded)
+            writeOver(pieces);
+        else
+            replaceBy(fresh, pieces);
     }
 
 private:
     /// The error number of a step, which the faults may refuse.
     template <class Action>
-    int asked(Step step, const std::string& path, Action action)
+    int asked(Step step, Action action)
     {
-        const int refused = m_faults.refuse(step, path);
+        const int refused = m_faults.refuse(step, m_name);
         return refused != 0 ? refused : action() == 0 ? 0 : errno;
     }
 
-    void require(int error) const
+    void replaceBy(TemporaryFile& fresh, const std::vector<std::string_view>& pieces)
     {
-        if (error != 0)
-            throw FileError{m_name, std::string{"cannot be written: "} + std::strerror(error)};
+        require(fresh.error(), m_name);
+        const int file = fresh.file().get();
+        require(writePieces(file, pieces, m_name, m_faults), m_name);
+        if (m_earlier)
+            takeOver(file);
+        if (m_rules.durable)
+            require(asked(Step::kSync, [&] { return fsync(file); }), m_name);
+        require(fresh.file().close() ? 0 : errno, m_name);
+        putInPlace(fresh);
+        if (m_rules.durable)
+            syncFolder(m_folder);
     }
 
-    void keepEarlier()
+    /// Owner, group and mode of the earlier file, as far as that is allowed here.
+    void takeOver(int file)
     {
-        const std::string backup = m_path + ".bak";
-        unlink(backup.c_str());
-        const int error = asked(Step::kLink, backup, [&] { return link(m_path.c_str(), backup.c_str()); });
-        require(error == EPERM || error == ENOTSUP ? 0 : error);
+        const bool mayOwn = m_faults.refuse(Step::kOwner, m_name) == 0;
+        const bool kept = mayOwn && fchown(file, m_earlier->st_uid, m_earlier->st_gid) == 0;
+        if (!kept && mayOwn)
+            (void)!fchown(file, static_cast<uid_t>(-1), m_earlier->st_gid);
+        if (m_faults.refuse(Step::kMode, m_name) == 0)
+            (void)!fchmod(file, m_earlier->st_mode & (kept ? 07777 : 0777));
+    }
+
+    void putInPlace(TemporaryFile& fresh)
+    {
+        std::optional<EarlierFile> earlier;
+        if (m_earlier && m_rules.keepEarlier && !isTooLongForBackup(m_path))
+            earlier.emplace(m_path, m_name, m_faults);
+        const SignalsHeld whole;
+        int error = earlier ? earlier->keep() : 0;
+        if (error == 0)
+        {
+            error = asked(Step::kRename, [&] { return std::rename(fresh.name().path().c_str(), m_path.c_str()); });
+            if (error != 0 && earlier)
+                earlier->takeBack();
+        }
+        if (error == 0)
+            fresh.name().release();
+        require(error, m_name);
+    }
+
+    /// Where no file can be made beside it: what was in it is put back when that fails.
+    void writeOver(const std::vector<std::string_view>& pieces)
+    {
+        const FileText before = readFile(m_path);
+        const SignalsHeld whole;
+        Descriptor file{open(m_path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)};
+        require(file.isOpen() ? 0 : errno, m_name);
+        const int error = fill(file.get(), pieces, m_faults);
+        if (error != 0 && (lseek(file.get(), 0, SEEK_SET) != 0 || fill(file.get(), {before.view()}, noFaults()) != 0))
+            throw FileError{m_name,
+                            "cannot be written, and what it held is lost: " + std::string{std::strerror(error)}};
+        require(error, m_name);
+    }
+
+    int fill(int file, const std::vector<std::string_view>& pieces, Faults& faults)
+    {
+        off_t size = 0;
+        for (const std::string_view piece : pieces)
+            size += static_cast<off_t>(piece.size());
+        const int error = writePieces(file, pieces, m_name, faults);
+        return error != 0 ? error : ftruncate(file, size) == 0 && fsync(file) == 0 ? 0 : errno;
     }
 
     std::string m_name;
     std::string m_path;
+    std::string m_folder;
     ReplaceRules m_rules;
     Faults& m_faults;
-    struct stat m_earlier = {};
-    bool m_replaces = false;
+    std::optional<struct stat> m_earlier;
+    Descriptor m_lock;
 };
 
 } // namespace
@@ -106,6 +182,28 @@ void replaceFile(const std::string& path, const std::vector<std::string_view>& p
                  Faults& faults)
 {
     Replacement{path, rules, faults}.run(pieces);
+}
+
+void requireReplaceable(const std::string& path)
+{
+    const std::string real = throughLinks(path);
+    if (replaceable(real, path))
+        requireRoomForBackup(real, path);
+    const std::string folder = folderOf(real);
+    struct stat status = {};
+    require(stat(folder.c_str(), &status) == 0 ? 0 : errno, path);
+    require(access(folder.c_str(), W_OK | X_OK) == 0 ? 0 : errno, path);
+}
+
+bool cannotBeKept(const std::string& path)
+{
+    const std::string real = throughLinks(path);
+    return access(real.c_str(), F_OK) == 0 && isTooLongForBackup(real);
+}
+
+bool isSameFile(const std::string& a, const std::string& b)
+{
+    return throughLinks(a) == throughLinks(b);
 }
 
 bool writeInPlace(const std::string& path, std::string_view bytes, Faults& faults)

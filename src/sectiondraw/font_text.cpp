@@ -48,7 +48,8 @@ std::u16string oneCodeEach(std::string_view bytes)
 std::u16string FontText::convert(std::u16string_view text)
 {
     const std::string bytes = EncodeText(text) + '\n';
-    const auto line = m_scratch.pass(bytes) ? onlyLine(bytes) : std::nullopt;
+    m_scratch.pass(bytes);
+    const auto line = onlyLine(bytes);
     return line ? oneCodeEach(*line) : std::u16string{text};
 }
 

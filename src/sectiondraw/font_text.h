@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// Puts texts into the form in which the label font shows them: each character the code of its 8-bit Vietnamese form.
-/// They go by way of the scratch file; when that cannot be made, texts stay as they are. One object serves one drawing.
+/// They go by way of the scratch file. One object serves one drawing.
 class FontText
 {
 public:

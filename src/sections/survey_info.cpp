@@ -52,7 +52,10 @@ std::optional<std::u16string> SurveyInfoReader::codeOf(const AcDbObject& object)
     std::u16string text = storedCode(object);
     if (text.empty())
         return std::nullopt;
-    if (isWide(text) || !m_scratch.pass(lineOf(text)) || isPlain(text))
+    if (isWide(text))
+        return text;
+    m_scratch.pass(lineOf(text));
+    if (isPlain(text))
         return text;
     const std::vector<std::u16string> lines = DecodeTextLines(lineOf(text));
     return lines.empty() ? text : lines.front();

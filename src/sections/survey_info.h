@@ -13,8 +13,8 @@ class AcDbObject;
 /// What the companion modules have put into the drawing: feature codes on ordinary entities, and alignments.
 
 /// Takes the feature codes of entities, for one run over many of them. The drawing keeps codes in 8-bit Vietnamese
-/// form; they become wide text by way of a scratch file in the user's folder, of which only two things show: it holds
-/// the last code read when the reader goes, and while it cannot be made, codes stay as the drawing keeps them.
+/// form; they become wide text by way of a scratch file in the user's folder, of which one thing shows: where it can be
+/// written, it holds the last code read when the reader goes.
 class SurveyInfoReader
 {
 public:

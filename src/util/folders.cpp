@@ -1,20 +1,19 @@
 #include "util/folders.h"
 
+#include "host/app/disk.h"
 #include "host/app/paths.h"
 #include "host/text.h"
 
 #include <cstdlib>
-#include <sys/stat.h>
 
 namespace
 {
 
-constexpr mode_t kFolderMode = 0777;
 const std::u16string kModuleData = u"\\PLX\\Kavendo";
 
 std::u16string withLastLevel(std::u16string folder)
 {
-    (void)::mkdir(nativePath(folder).c_str(), kFolderMode);
+    MakeFolder(folder);
     return folder;
 }
 

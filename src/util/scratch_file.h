@@ -2,9 +2,9 @@
 
 #include <string>
 
-/// The scratch file "temp.temp" in the user's folder, by way of which 8-bit texts go; it is left in place, in the end
-/// with the last text. Each text is meant to replace the one before, but only the first and the last are really
-/// written: one object serves one run over many texts.
+/// The scratch file "temp.temp" in the user's folder, by way of which 8-bit texts go; it is left in place with the last
+/// text. Each text is meant to replace the one before, but only the last is really written, when this object goes: one
+/// serves one run over many texts. A text goes its way whether the file can be written or not.
 class ScratchFile
 {
 public:
@@ -13,14 +13,9 @@ public:
     ScratchFile& operator=(const ScratchFile&) = delete;
     ~ScratchFile();
 
-    /// Takes a text, its line end included. False when the file cannot be made; it is tried once.
-    bool pass(const std::string& bytes);
+    /// Takes a text, its line end included.
+    void pass(std::string bytes) { m_last = std::move(bytes); }
 
 private:
-    bool write();
-
-    std::u16string m_path;
     std::string m_last;
-    bool m_writable = false;
-    bool m_isLastWritten = false;
 };

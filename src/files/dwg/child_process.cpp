@@ -86,8 +86,10 @@ ChildProcess::ChildProcess(const std::filesystem::path& program, const std::vect
     if (m_pid == 0)
         becomeProgram(argv.data(), envp.data(), ends[1], parent, memoryLimit);
     close(ends[1]);
-    if (m_pid > 0)
-        setpgid(m_pid, m_pid); // here too, so that stop() finds the group however early it comes
+    if (m_pid <= 0)
+        return;
+    setpgid(m_pid, m_pid); // here too, so that stop() finds the group however early it comes
+    m_transient = disk::Transient{m_pid};
 }
 
 ChildProcess::~ChildProcess()
@@ -171,6 +173,7 @@ std::string ChildProcess::stop()
         kill(-m_pid, SIGKILL); // does not change how a process that is ending already ended
         while (waitpid(m_pid, &m_status, 0) < 0 && errno == EINTR)
             continue;
+        m_transient.release();
         m_pid = -1;
     }
     if (m_exceeded != Exceeded::Nothing)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "disk/signals.h"
+
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -64,6 +66,7 @@ private:
 
     int m_output = -1;
     pid_t m_pid = -1;
+    disk::Transient m_transient;
     int m_status;
     Exceeded m_exceeded = Exceeded::Nothing;
     std::string m_buffer;

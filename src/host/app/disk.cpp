@@ -6,10 +6,23 @@
 #include "host/app/paths.h"
 #include "host/app/session.h"
 
+#include <sys/stat.h>
+
+namespace
+{
+
+host::NothingKept* innermost = nullptr;
+
+} // namespace
+
 std::optional<std::string> ReadWholeFile(std::u16string_view path)
 try
 {
-    return std::string{disk::readFile(nativePath(path), host::diskFaults()).view()};
+    const std::string native = nativePath(path);
+    if (innermost != nullptr)
+        if (const auto kept = innermost->files.find(native); kept != innermost->files.end())
+            return kept->second;
+    return std::string{disk::readFile(native, host::diskFaults()).view()};
 }
 catch (const disk::FileError&)
 {
@@ -18,15 +31,27 @@ catch (const disk::FileError&)
 
 bool WriteInPlace(std::u16string_view path, std::string_view bytes)
 {
-    return disk::writeInPlace(nativePath(path), bytes, host::diskFaults());
+    return innermost != nullptr || disk::writeInPlace(nativePath(path), bytes, host::diskFaults());
+}
+
+void MakeFolder(std::u16string_view path)
+{
+    constexpr mode_t kFolderMode = 0777;
+    if (innermost == nullptr)
+        (void)::mkdir(nativePath(path).c_str(), kFolderMode);
 }
 
 bool ReplaceFile(std::u16string_view path, std::string_view bytes)
 {
     const std::string native = nativePath(path);
+    if (innermost != nullptr)
+    {
+        innermost->files[native] = bytes;
+        return true;
+    }
     try
     {
-        disk::replaceFile(native, {bytes}, {}, host::diskFaults());
+        disk::replaceFile(native, {bytes}, {.inPlaceIfNeeded = true}, host::diskFaults());
         return true;
     }
     catch (const disk::FileError&)
@@ -39,6 +64,21 @@ bool ReplaceFile(std::u16string_view path, std::string_view bytes)
 
 namespace host
 {
+
+NothingKept::NothingKept() : m_outer{innermost}
+{
+    innermost = this;
+}
+
+NothingKept::~NothingKept()
+{
+    innermost = m_outer;
+}
+
+bool keepsNothing()
+{
+    return innermost != nullptr;
+}
 
 disk::Faults& diskFaults()
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,10 @@ bool WriteInPlace(std::u16string_view path, std::string_view bytes);
 /// the earlier file as it was. False when it failed; the session remembers the path for the programs to tell.
 bool ReplaceFile(std::u16string_view path, std::string_view bytes);
 
+/// Makes the last level of a folder where it is missing. That it cannot be made shows when a file in it cannot be
+/// written.
+void MakeFolder(std::u16string_view path);
+
 namespace disk
 {
 class Faults;
@@ -23,6 +28,25 @@ class Faults;
 
 namespace host
 {
+
+/// While it lives, what is written through the functions above stays in memory, where they read it again, and no folder
+/// is made: for programs that only look.
+class NothingKept
+{
+public:
+    NothingKept();
+    NothingKept(const NothingKept&) = delete;
+    NothingKept& operator=(const NothingKept&) = delete;
+    ~NothingKept();
+
+    std::map<std::string, std::string> files; ///< by real path
+
+private:
+    NothingKept* m_outer;
+};
+
+/// Whether one lives.
+bool keepsNothing();
 
 /// What the session that runs wants to be refused on disk; nothing when none runs.
 disk::Faults& diskFaults();

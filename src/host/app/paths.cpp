@@ -1,5 +1,6 @@
 #include "host/app/paths.h"
 
+#include "host/app/disk.h"
 #include "host/app/session.h"
 #include "host/text.h"
 
@@ -33,6 +34,8 @@ std::optional<std::u16string> roamingFolder()
     const std::filesystem::path folder = configHome();
     if (folder.empty())
         return std::nullopt;
+    if (host::keepsNothing())
+        return roamingPath();
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (!std::filesystem::is_directory(folder, error))

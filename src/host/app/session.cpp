@@ -1,5 +1,6 @@
 #include "host/app/session.h"
 
+#include "host/app/disk.h"
 #include "host/app/paths.h"
 #include "host/editor/command.h"
 #include "host/text.h"
@@ -47,7 +48,7 @@ Session::Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEn
       m_symbolSearch{m_options.symbolFolders}
 {
     innermost = this;
-    if (m_options.userDataFolder.empty())
+    if (m_options.userDataFolder.empty() && !keepsNothing())
         makeDataFolder();
 }
 
