@@ -1,0 +1,60 @@
+// A feature library (.dv): opened by the settings dialog, saved, opened and saved again.
+#include "fuzz/support/check.h"
+#include "fuzz/support/desk.h"
+#include "fuzz/support/lines.h"
+#include "fuzz/support/mutator.h"
+#include "host/ui/dialog.h"
+#include "sectiondraw/veloxa_dlg.h"
+
+#include <array>
+
+namespace
+{
+
+constexpr int kOk = 1;
+constexpr int kSettings = 1096;
+constexpr int kOpenFile = 1095;
+constexpr int kSaveFile = 1082;
+
+constexpr std::array<std::string_view, 12> kWords{"[SYMBOL]", "[TN]",  "[BD]",  "[ALL]",
+                                                  "[symbol]", "MUONG", "RAO",   "CAY",
+                                                  "COT",      "DC1",   "GIENG", "D:\\Symbols\\CAY.dwg"};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static const std::string road = smallRoad();
+    Desk desk;
+    mustHold(desk.open(road), "the road is sound");
+    Desk::write("in.dv", {reinterpret_cast<const char*>(data), size});
+    desk.command(u"DSS");
+    desk.command(u"ZE");
+    desk.frontEnd().plays.emplace_back(
+        [&desk](CDialog& settings)
+        {
+            mustBeDone(settings.userTab(0));
+            for (const auto& [button, file] : {std::pair{kOpenFile, "in.dv"},
+                                               {kSaveFile, "first.dv"},
+                                               {kOpenFile, "first.dv"},
+                                               {kSaveFile, "second.dv"}})
+            {
+                desk.frontEnd().files.emplace_back(Desk::modulePath(file));
+                mustBeDone(settings.userClick(button));
+            }
+            mustBeDone(settings.userClick(kOk));
+        });
+    mustBeDone(g_pVeloxaDlg->userClick(kSettings));
+    mustHold(desk.frontEnd().plays.empty(), "the settings were opened");
+    mustHold(Desk::read("first.dv") == Desk::read("second.dv"), "a saved library opens as it was");
+    mustHold(readDrawing(savedAs(desk.drawing()), DrawingReader::Purpose::Drawing) != nullptr,
+             "a drawing that keeps the settings can be read");
+    return 0;
+}
+
+extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t maxSize, unsigned seed)
+{
+    if (seed % 4 == 0)
+        return LLVMFuzzerMutate(data, size, maxSize);
+    return giveBack(mutateLines({reinterpret_cast<const char*>(data), size}, ',', kWords, seed), data, size, maxSize);
+}

@@ -1,0 +1,95 @@
+#include "fuzz/support/road_work.h"
+
+#include "fuzz/support/check.h"
+#include "fuzz/support/desk.h"
+#include "host/drawing/database.h"
+#include "host/drawing/handle_table.h"
+#include "host/ui/dialog.h"
+#include "host/ui/grid_ctrl.h"
+#include "sectiondraw/veloxa_dlg.h"
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+
+constexpr int kOk = 1;
+constexpr int kDraw = 1094;
+constexpr int kUndo = 1095;
+constexpr int kTable = 101;
+constexpr int kMostRows = 6;
+
+/// Every kind of what a symbol may hold, in the oldest form.
+constexpr const char* kSymbol =
+    "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+    "0\nLINE\n8\nS\n10\n0\n20\n0\n11\n1\n21\n1\n0\nARC\n8\n0\n10\n0\n20\n0\n40\n1\n50\n0\n51\n9\n"
+    "0\nENDSEC\n0\nEOF\n";
+
+void drawSections(Desk& desk)
+{
+    desk.command(u"DSS");
+    if (g_pVeloxaDlg == nullptr)
+        return;
+    desk.command(u"ZE");
+    giveSymbols(Desk::modulePath("SYMBOL.dxf"));
+    mustBeDone(g_pVeloxaDlg->userClick(kDraw));
+    desk.session().runPending();
+}
+
+void drawPlan(Desk& desk)
+{
+    desk.frontEnd().plays.emplace_back(
+        [&desk](CDialog& table)
+        {
+            const auto& grid = dynamic_cast<const CGridCtrl&>(*table.GetDlgItem(kTable));
+            for (int row = 1; row < std::min(grid.GetRowCount(), kMostRows); ++row)
+            {
+                desk.frontEnd().files.emplace_back(Desk::modulePath("SYMBOL.dxf"));
+                if (!table.userPress(row, 1))
+                    desk.frontEnd().files.clear();
+            }
+            mustBeDone(table.userClick(kOk));
+        });
+    desk.command(u"DVBD");
+}
+
+/// Whether every object that was not changed stands in the saved drawing as it stood in the file.
+void mustKeepTheRest(AcDbDatabase& drawing, AcDbDatabase& saved)
+{
+    std::set<const ObjectRecord*> changed;
+    for (const AcDbDatabase::Change& change : drawing.changes())
+        changed.insert(change.record);
+    for (const Container& container : drawing.store().containers)
+        if (container.kind == Container::kTable)
+            changed.insert(container.head);
+    const RecordPool& records = drawing.store().records;
+    for (size_t at = 0; at < records.size(); ++at)
+    {
+        const ObjectRecord& record = records[at];
+        if (record.handle == 0 || changed.contains(&record) || drawing.handles().find(record.handle) != &record)
+            continue;
+        const ObjectRecord* kept = saved.handles().find(record.handle);
+        mustHold(kept != nullptr && kept->view() == record.view(), "what nobody touched is as it was");
+    }
+}
+
+} // namespace
+
+void workOnRoad(Desk& desk)
+{
+    Desk::write("SYMBOL.dxf", kSymbol);
+    drawSections(desk);
+    drawPlan(desk);
+    const std::string bytes = savedAs(desk.drawing());
+    const std::unique_ptr<AcDbDatabase> saved = readDrawing(bytes, DrawingReader::Purpose::Drawing);
+    mustHold(saved != nullptr, "what is saved can be read");
+    mustKeepTheRest(desk.drawing(), *saved);
+
+    mustHold(desk.open(bytes), "what is saved can be opened");
+    desk.command(u"DSS");
+    if (g_pVeloxaDlg != nullptr)
+        mustBeDone(g_pVeloxaDlg->userClick(kUndo));
+    mustHold(readDrawing(savedAs(desk.drawing()), DrawingReader::Purpose::Drawing) != nullptr,
+             "what is taken back can be read");
+}
