@@ -218,7 +218,7 @@ TEST_F(Entities, ChangesTouchTheirOwnPairsOnly)
     std::string expected = before;
     const auto change = [&](const std::string& from, const std::string& to)
     { expected.replace(expected.find(from), from.size(), to); };
-    change("  8\n0\n370\n13\n420\n255\n", "  8\nroad\n 62\n1\n370\n13\n");
+    change("  8\n0\n370\n13\n420\n255\n", "  8\nROAD\n 62\n1\n370\n13\n");
     for (const char* kind : {"POLYLINE\n  5\n", "VERTEX\n  5\n", "VERTEX\n  5\n"})
     {
         static size_t from = 0;
@@ -265,7 +265,7 @@ TEST_F(Entities, NewEntitiesStandInTheFileAsOtherProgramsReadThem)
     }
     const std::string file = m_session.saved();
     EXPECT_THAT(file, HasSubstr("100\nAcDbEntity\n  8\nCURRENT\n100\nAcDbText\n 10\n1.0\n 20\n2.0\n 30\n0.0\n 40\n0.4\n"
-                                "  1\nC\xE2y \xF0\xEA\xEC \\U+4E2D\n  7\nMADIAVATTN\n 72\n1\n 11\n1.0\n"))
+                                "  1\nC\xE2y \xF0\\U+1EBF \\U+4E2D\n  7\nMADIAVATTN\n 72\n1\n 11\n1.0\n"))
         << file.substr(file.find("100\nAcDbText\n"), 200);
     EXPECT_THAT(file,
                 HasSubstr("  8\nCURRENT\n 62\n3\n100\nAcDbPolyline\n 90\n2\n 70\n0\n 43\n0.0\n 38\n0.0\n 10\n5.0\n"
