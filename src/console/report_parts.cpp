@@ -3,6 +3,7 @@
 #include "console/lost_text.h"
 #include "console/spaces.h"
 #include "files/reader.h"
+#include "host/app/symbol_search.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
@@ -11,7 +12,6 @@
 #include "util/document_lock.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <set>
 
 namespace console
@@ -147,8 +147,8 @@ void failWhenStrict(const std::vector<UnreadableSymbol>& unreadable, bool strict
 
 void addFoldersOf(const std::string& file, std::vector<std::string>& folders)
 {
-    const std::filesystem::path folder = std::filesystem::absolute(file).parent_path();
-    folders.insert(folders.begin(), {folder.string(), (folder / "symbols").string()});
+    const std::vector<std::string> beside = host::SymbolSearch::foldersBeside(file);
+    folders.insert(folders.begin(), beside.begin(), beside.end());
 }
 
 } // namespace console

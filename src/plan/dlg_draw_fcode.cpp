@@ -53,6 +53,7 @@ FileQuestion tableFileQuestion(bool saving)
 {
     FileQuestion question;
     question.saving = saving;
+    question.namesSymbols = !saving;
     question.defaultExtension = kTableExtension;
     question.filter = kTableFilter;
     return question;

@@ -92,6 +92,7 @@ void MainConfigDlg::SaveLibraryFile()
 void MainConfigDlg::OpenLibraryFile()
 {
     FileQuestion question;
+    question.namesSymbols = true;
     question.defaultExtension = u"dv";
     question.filter = u"File dia vat (*.dv)|*.dv||";
     if (const auto path = askFile(question))

@@ -200,6 +200,27 @@ key escape
         self.assertEqual(cells, again)
         self.assertTrue(any(file for _, file in cells[1:]))
 
+    def test_a_library_opened_brings_the_folders_beside_it(self):
+        symbols = self.folder / "elsewhere" / "symbols"
+        symbols.mkdir(parents=True)
+        (symbols / "OnlyHere.dxf").write_bytes((SYMBOLS / "CayLaRong.dxf").read_bytes())
+        library = symbols.parent / "own.dv"
+        library.write_bytes(LIBRARY.read_bytes().replace(b"CayLaRong.dxf", b"OnlyHere.dxf"))
+        drawn = self.folder / "drawn.dxf"
+        _, told = self.play(f"""
+open "{SAMPLE}"
+command DSS
+click 1096
+answer "{library}"
+click 1095
+click 1
+click 1094
+click 1
+save "{drawn}"
+""")
+        self.assertNotIn("OnlyHere", told)
+        self.assertIn("\nOnlyHere\n", drawn.read_text(encoding="utf-8"))
+
     def test_what_cannot_be_done_names_its_line(self):
         for text, says in (("open missing.dxf\n", "line 1: missing.dxf"), ("\n# x\nclick 1\n", "line 3: no dialog"),
                            ("dance\n", 'line 1: there is no action "dance"'), ("echo \"a\nb\"\n", "line 1: a quote"),

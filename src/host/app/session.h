@@ -87,6 +87,7 @@ public:
 
     /// Finds symbol files, named as the module names them, in the session's symbol folders too.
     const SymbolSearch& symbolSearch() const { return m_symbolSearch; }
+    SymbolSearch& symbolSearch() { return m_symbolSearch; }
 
 private:
     bool runLine(std::u16string_view line);

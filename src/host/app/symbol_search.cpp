@@ -3,6 +3,7 @@
 #include "host/app/paths.h"
 #include "host/text.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace host
@@ -73,6 +74,21 @@ std::optional<fs::path> fileAt(const fs::path& path)
 }
 
 } // namespace
+
+std::vector<std::string> SymbolSearch::foldersBeside(const std::string& file)
+{
+    std::error_code unknown; // a folder that cannot be had holds nothing
+    const fs::path folder = fs::absolute(file, unknown).parent_path();
+    return {folder.string(), (folder / "symbols").string()};
+}
+
+void SymbolSearch::lookFirstIn(std::vector<std::string> folders)
+{
+    for (std::string& folder : m_folders)
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end())
+            folders.push_back(std::move(folder));
+    m_folders = std::move(folders);
+}
 
 std::optional<std::string> SymbolSearch::find(std::u16string_view path) const
 {

@@ -17,6 +17,12 @@ public:
     /// `folders` are real paths (UTF-8), the first one is looked in first; one that does not exist holds nothing.
     explicit SymbolSearch(std::vector<std::string> folders) : m_folders{std::move(folders)} {}
 
+    /// The folders that a file which names symbol drawings adds: its own, and `symbols` in it.
+    static std::vector<std::string> foldersBeside(const std::string& file);
+
+    /// Looks in these first from now on.
+    void lookFirstIn(std::vector<std::string> folders);
+
     /// The real path of the file. Letter case is ignored where the path or name as it is leads nowhere; of names that
     /// differ in nothing else, the first in alphabetical order counts. Nothing when there is no such file.
     std::optional<std::string> find(std::u16string_view path) const;

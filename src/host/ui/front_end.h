@@ -10,6 +10,7 @@ class CWnd;
 struct FileQuestion
 {
     bool saving = false;
+    bool namesSymbols = false; ///< a file opened names symbol drawings, which may stand beside it
     std::u16string title;
     std::u16string folder; ///< to start in; may be empty
     std::u16string defaultName;

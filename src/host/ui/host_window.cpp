@@ -1,5 +1,6 @@
 #include "host/ui/host_window.h"
 
+#include "host/app/paths.h"
 #include "host/app/session.h"
 
 CWnd* adsw_acadMainWnd()
@@ -19,5 +20,9 @@ void AfxMessageBox(const std::u16string& text)
 
 std::optional<std::u16string> askFile(const FileQuestion& question)
 {
-    return host::Session::current().frontEnd().askFile(question);
+    host::Session& session = host::Session::current();
+    std::optional<std::u16string> path = session.frontEnd().askFile(question);
+    if (path && question.namesSymbols)
+        session.symbolSearch().lookFirstIn(host::SymbolSearch::foldersBeside(nativePath(*path)));
+    return path;
 }
