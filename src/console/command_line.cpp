@@ -2,9 +2,11 @@
 
 #include "console/command_words.h"
 #include "console/commands.h"
+#include "console/desktop_program.h"
 #include "console/shown_text.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
@@ -165,7 +167,7 @@ public:
         add("folders", "show and change the list of folders in which symbol files are always looked for",
             declareFolders, runFolders);
         add("check", "tell what is missing before drawing: symbol files, rows, ground lines", declareCheck, runCheck);
-        addLater("render", "a picture of the drawing");
+        addRender();
         addHelp();
     }
 
@@ -175,12 +177,13 @@ public:
         if (argc < 2)
             throw WrongUsage{"no command (\"veloxa help\" lists them)"};
         if (const std::string first = argv[1]; !first.starts_with('-') && !isFileWord(first))
-            find(first);
+            if (find(first).get_name() == "render")
+                becomeDesktop(argv);
         m_app.parse(argc, argv);
         if (m_action)
             m_action();
         else
-            openWindow();
+            openWindow(argv);
     }
 
     /// Prints what ended the reading of the words, a help text or a mistake in them; answers the exit status.
@@ -203,12 +206,8 @@ private:
         command.callback([this, options, action] { m_action = [options, action] { action(*options); }; });
     }
 
-    void addLater(const char* name, const char* description)
-    {
-        CLI::App& command = *m_app.add_subcommand(name, description);
-        command.allow_extras();
-        command.callback([this, name] { m_action = [name] { comesLater(std::string{"veloxa "} + name); }; });
-    }
+    /// Only named here: the program that draws reads its words.
+    void addRender() { m_app.add_subcommand("render", "pictures of drawings and their cross-sections: SVG, PDF, PNG"); }
 
     void addHelp()
     {
@@ -220,23 +219,24 @@ private:
 
     std::string helpOn(const std::string& topic)
     {
+        if (topic == "render")
+        {
+            std::array<std::string, 3> words{"veloxa", topic, "--help"};
+            std::array<char*, 4> pointers{words[0].data(), words[1].data(), words[2].data(), nullptr};
+            becomeDesktop(pointers.data());
+        }
         if (!topic.empty())
             return find(topic).help(m_app.get_name());
         // The program's own help() would give that of the command that is running: "help".
         return m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal);
     }
 
-    [[noreturn]] static void comesLater(const std::string& what)
-    {
-        throw Failure{what + " is not part of this version yet"};
-    }
-
-    void openWindow() const
+    void openWindow(char** words) const
     {
         for (const std::string& drawing : m_drawings)
             if (std::error_code error; !std::filesystem::exists(drawing, error))
                 throw Failure{drawing + ": no such file"};
-        comesLater("the desktop window");
+        becomeDesktop(words);
     }
 
     CLI::App& find(const std::string& name)

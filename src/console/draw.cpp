@@ -1,11 +1,11 @@
 #include "console/dss_session.h"
 #include "console/report_parts.h"
-#include "console/section_list.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
 #include "sectiondraw/draw_style.h"
 #include "sections/database_cs.h"
+#include "sections/section_list.h"
 #include "util/document_lock.h"
 
 #include <algorithm>
@@ -130,7 +130,7 @@ Report drawDrawing(const DrawOptions& options)
     DssSession dss{program};
     dss.choose(options.alignment);
     requireChangeable(dss.line(), database);
-    const std::vector<size_t> positions = parseSectionList(options.sections, dss.line().m_listCrossSections.size());
+    const std::vector<size_t> positions = ParseSectionList(options.sections, dss.line().m_listCrossSections.size());
     if (positions.empty())
         throw Failure{"the alignment \"" + toUtf8(dss.line().m_strName) + "\" has no cross-sections"};
     dss.tick(positions);
@@ -188,7 +188,7 @@ Report eraseDrawing(const DrawOptions& options)
     report.drawing = options.common.drawing;
     report.output = options.output;
     report.alignment = toUtf8(dss.line().m_strName);
-    const std::vector<size_t> all = parseSectionList("all", dss.line().m_listCrossSections.size());
+    const std::vector<size_t> all = ParseSectionList("all", dss.line().m_listCrossSections.size());
     for (const size_t position : all)
     {
         SectionReport& section = report.sections.emplace_back();

@@ -8,6 +8,14 @@
 /// The kinds of curves that take more than a few values from their pairs. World coordinates; nothing for pairs that
 /// make no curve.
 
+/// A loop of a hatch's boundary: one curve, or edges that follow each other, each in either direction.
+struct HatchLoop
+{
+    int kind = 0; ///< bits: 1 external, 2 one polyline, 16 outermost
+    std::vector<CurvePath> edges;
+};
+std::vector<HatchLoop> readHatchLoops(std::string_view pairs);
+
 /// Boundary of a hatch: each of its loops, or each edge of a loop that is made of edges.
 std::vector<CurvePath> readHatchBoundary(std::string_view pairs);
 /// Whether the boundary of a hatch is all there: as many loops and edges as it says, of kinds that there are.

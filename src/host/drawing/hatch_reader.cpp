@@ -2,7 +2,10 @@
 
 #include "host/drawing/pair_edit.h"
 #include "host/drawing/spline_edge.h"
+#include "host/geometry/free_curves.h"
 
+#include <algorithm>
+#include <iterator>
 #include <numbers>
 
 namespace
@@ -16,7 +19,7 @@ class HatchReader
 {
 public:
     explicit HatchReader(std::string_view text) : m_pairs{text} {}
-    std::vector<CurvePath> read();
+    std::vector<HatchLoop> read();
     /// Whether all loops were there, each with all its edges.
     bool isWhole() const { return m_loops == 0; }
 
@@ -31,6 +34,7 @@ private:
     }
     int integer(int code) { return static_cast<int>(real(code)); }
     AcGePoint3d point(int code);
+    std::vector<CurvePath>& curves() { return m_read.back().edges; }
     AcGeMatrix3d world() const { return AcGeMatrix3d::planeToWorld(m_normal); }
     void readHead();
     void readLoop();
@@ -46,7 +50,7 @@ private:
     int m_loops = 0; ///< still to come; less than 0 once one was damaged
     double m_elevation = 0.0;
     AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-    std::vector<CurvePath> m_curves;
+    std::vector<HatchLoop> m_read;
 };
 
 bool HatchReader::take(int code, double& value)
@@ -83,17 +87,18 @@ void HatchReader::readHead()
     m_loops = integer(91);
 }
 
-std::vector<CurvePath> HatchReader::read()
+std::vector<HatchLoop> HatchReader::read()
 {
     readHead();
     for (; m_loops > 0 && m_more && m_tag.code == 92; --m_loops)
         readLoop();
-    return std::move(m_curves);
+    return std::move(m_read);
 }
 
 void HatchReader::readLoop()
 {
     const int kind = integer(92);
+    m_read.push_back({kind, {}});
     if ((kind & kPolylineLoop) != 0)
         readPolylineLoop();
     else
@@ -121,7 +126,7 @@ void HatchReader::readPolylineLoop()
         const AcGePoint3d at = point(10);
         vertices.push_back({at.x, at.y, real(42)});
     }
-    m_curves.push_back(CurvePath::plane(std::move(vertices), closed, m_elevation, m_normal));
+    curves().push_back(CurvePath::plane(std::move(vertices), closed, m_elevation, m_normal));
 }
 
 /// False for an edge of no known kind.
@@ -137,7 +142,7 @@ bool HatchReader::readEdge()
     {
         const AcGePoint3d from = point(10);
         const AcGePoint3d to = point(11);
-        m_curves.push_back(CurvePath::plane({{from.x, from.y}, {to.x, to.y}}, false, m_elevation, m_normal));
+        curves().push_back(CurvePath::plane({{from.x, from.y}, {to.x, to.y}}, false, m_elevation, m_normal));
         return true;
     }
     case kArc:
@@ -162,7 +167,7 @@ void HatchReader::readArc()
     const double from = real(50) * std::numbers::pi / 180.0;
     const double to = real(51) * std::numbers::pi / 180.0;
     // A clockwise edge gives its angles clockwise too.
-    m_curves.push_back(integer(73) != 0 ? CurvePath::arc(center, radius, from, to, m_normal)
+    curves().push_back(integer(73) != 0 ? CurvePath::arc(center, radius, from, to, m_normal)
                                         : CurvePath::arc(center, radius, -to, -from, m_normal));
 }
 
@@ -176,14 +181,14 @@ void HatchReader::readEllipse()
     const double to = real(51) * std::numbers::pi / 180.0;
     const bool turnsLeft = integer(73) != 0;
     const AcGeMatrix3d toWorld = world();
-    m_curves.push_back(
+    curves().push_back(
         ellipse(toWorld * center, toWorld * axis, ratio, turnsLeft ? from : -to, turnsLeft ? to : -from, m_normal));
 }
 
-/// A spline edge is drawn through its control points.
+/// A spline edge is the curve of its knots; one whose numbers make no curve is drawn through its control points.
 void HatchReader::readSplineEdge()
 {
-    AcGePoint3dArray controls;
+    SplineData spline;
     const AcGeMatrix3d toWorld = world();
     while (m_more && splineEdgePart(m_tag, m_pairs) != SplineEdgePart::kNone)
     {
@@ -191,19 +196,36 @@ void HatchReader::readSplineEdge()
         {
             AcGePoint3d at = m_pairs.pointFrom(m_tag);
             at.z = m_elevation;
-            controls.push_back(toWorld * at);
+            spline.controlPoints.push_back(toWorld * at);
         }
+        else if (m_tag.code == 40)
+            spline.knots.push_back(m_tag.real());
+        else if (m_tag.code == 42)
+            spline.weights.push_back(m_tag.real());
+        else if (m_tag.code == 94)
+            spline.degree = static_cast<int>(std::clamp<int64_t>(m_tag.integer(), 0, 100));
         step();
     }
-    if (!controls.empty())
-        m_curves.push_back(CurvePath::space(controls));
+    CurvePath path = splinePath(spline);
+    if (path.isEmpty() && !spline.controlPoints.empty())
+        path = CurvePath::space(spline.controlPoints);
+    if (!path.isEmpty())
+        curves().push_back(std::move(path));
 }
 
 } // namespace
 
-std::vector<CurvePath> readHatchBoundary(std::string_view pairs)
+std::vector<HatchLoop> readHatchLoops(std::string_view pairs)
 {
     return HatchReader{pairs}.read();
+}
+
+std::vector<CurvePath> readHatchBoundary(std::string_view pairs)
+{
+    std::vector<CurvePath> curves;
+    for (HatchLoop& loop : readHatchLoops(pairs))
+        std::move(loop.edges.begin(), loop.edges.end(), std::back_inserter(curves));
+    return curves;
 }
 
 bool isWholeHatch(std::string_view pairs)

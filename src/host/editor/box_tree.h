@@ -14,6 +14,14 @@ public:
     /// Gives the item a box, in place of what it had.
     void set(uint32_t item, const Box2d& box);
 
+    /// The item's box as it was set last.
+    const Box2d& box(uint32_t item) const { return m_boxes[item]; }
+    size_t bytes() const
+    {
+        return m_boxes.capacity() * sizeof(Box2d) + m_isLoose.capacity() / 8 + m_loose.capacity() * sizeof(uint32_t) +
+               m_sorted.capacity() * sizeof(uint32_t) + m_nodes.capacity() * sizeof(Node);
+    }
+
     /// Calls `found` with every item whose box is not apart from what is sought, in no order. What `isApart` says of
     /// a box holds for every box in it.
     template <class IsApart, class Found>

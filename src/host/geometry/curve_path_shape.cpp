@@ -1,3 +1,4 @@
+#include "host/geometry/arc_chords.h"
 #include "host/geometry/curve_path.h"
 
 #include <numbers>
@@ -6,24 +7,13 @@ namespace
 {
 
 constexpr double kFlattenShare = 1e-5;
-constexpr int kMostChords = 4096;
-
-/// Chords that keep an arc within `tolerance`; 1e-5 of the radius when it is not positive.
-int chordsFor(const Segment2d& arc, double tolerance)
-{
-    const double radius = arc.radius();
-    const double share = tolerance > 0.0 ? std::min(tolerance / radius, 1.0) : kFlattenShare;
-    // The height of a chord over an angle a is radius · (1 - cos(a/2)), here written so that small shares survive.
-    const double widest = 4.0 * std::asin(std::sqrt(share / 2.0));
-    const double chords = std::ceil(std::fabs(arc.sweep()) / widest);
-    return chords >= 1.0 ? static_cast<int>(std::min<double>(chords, kMostChords)) : 1;
-}
 
 /// Calls `visit` for the points of an arc between its ends.
 template <typename Visit>
 void visitChordPoints(const Segment2d& arc, double tolerance, Visit visit)
 {
-    const int chords = chordsFor(arc, tolerance);
+    // Without a tolerance of its own an arc gets one by its size.
+    const int chords = chordsWithin(arc, tolerance > 0.0 ? tolerance : kFlattenShare * arc.radius());
     for (int i = 1; i < chords; ++i)
         visit(arc.at(static_cast<double>(i) / chords));
 }

@@ -1,0 +1,125 @@
+#include "picture/list/display_list.h"
+
+#include <algorithm>
+
+namespace picture
+{
+
+void DisplayList::begin(ObjectRecord& entity)
+{
+    m_items.push_back({&entity, 0, 0});
+    beginAgain(static_cast<uint32_t>(m_items.size() - 1));
+}
+
+void DisplayList::beginAgain(uint32_t item)
+{
+    m_open = item;
+    m_items[item].first = static_cast<uint32_t>(m_primitives.size());
+    m_items[item].count = 0;
+    m_itemBox = {};
+}
+
+void DisplayList::end()
+{
+    Item& item = m_items[m_open];
+    item.count = static_cast<uint32_t>(m_primitives.size()) - item.first;
+    m_places.set(m_open, m_itemBox);
+    if (!m_itemBox.isEmpty())
+        m_box.add(m_itemBox);
+}
+
+void DisplayList::add(Primitive::Kind kind, uint32_t look, std::span<const Vertex> vertices, bool closed)
+{
+    m_primitives.push_back(
+        {static_cast<uint32_t>(m_vertices.size()), static_cast<uint32_t>(vertices.size()), look, kind, closed});
+    m_vertices.insert(m_vertices.end(), vertices.begin(), vertices.end());
+    if (kind == Primitive::kArea || kind == Primitive::kBand)
+        for (size_t i = 0; i < vertices.size(); i += static_cast<size_t>(vertices[i].x) + 1)
+            for (size_t k = 1; k <= static_cast<size_t>(vertices[i].x); ++k)
+                m_itemBox.add(vertices[i + k].x, vertices[i + k].y);
+    else if (kind == Primitive::kRay || kind == Primitive::kInfinite)
+        m_itemBox.add(vertices[0].x, vertices[0].y);
+    else
+        for (const Vertex& vertex : vertices)
+            m_itemBox.add(vertex.x, vertex.y);
+}
+
+void DisplayList::addArcs(uint32_t look, std::span<const PathVertex> vertices, bool closed, const Box2d& box)
+{
+    m_primitives.push_back({static_cast<uint32_t>(m_vertices.size()), static_cast<uint32_t>(2 * vertices.size()), look,
+                            Primitive::kArcs, closed});
+    for (const PathVertex& vertex : vertices)
+    {
+        m_vertices.push_back({vertex.x, vertex.y});
+        m_vertices.push_back({vertex.bulge, 0.0});
+    }
+    grow(box);
+}
+
+void DisplayList::addText(uint32_t look, PlacedText text, std::u16string_view letters, const Font& font,
+                          const Box2d& ink)
+{
+    auto known = std::find(m_fonts.begin(), m_fonts.end(), &font);
+    text.font = static_cast<uint32_t>(known - m_fonts.begin());
+    if (known == m_fonts.end())
+        m_fonts.push_back(&font);
+    text.firstUnit = static_cast<uint32_t>(m_letters.size());
+    text.units = static_cast<uint32_t>(letters.size());
+    m_letters += letters;
+    m_primitives.push_back({static_cast<uint32_t>(m_texts.size()), 0, look, Primitive::kText});
+    m_texts.push_back(text);
+    if (!ink.isEmpty())
+        grow(text.map().boxAround(ink));
+}
+
+void DisplayList::addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const Box2d& blockBox)
+{
+    Box2d box = placed.map.boxAround(blockBox);
+    if (grid != nullptr && !box.isEmpty())
+    {
+        placed.grid = static_cast<uint32_t>(m_grids.size());
+        m_grids.push_back(*grid);
+        const Box2d first = box;
+        for (const double column : {0.0, grid->columns - 1.0})
+            for (const double row : {0.0, grid->rows - 1.0})
+            {
+                const double dx = column * grid->columnStep.x + row * grid->rowStep.x;
+                const double dy = column * grid->columnStep.y + row * grid->rowStep.y;
+                box.add({first.minX + dx, first.minY + dy, first.maxX + dx, first.maxY + dy});
+            }
+    }
+    m_primitives.push_back({static_cast<uint32_t>(m_blocks.size()), 0, look, Primitive::kBlock});
+    m_blocks.push_back(placed);
+    if (!box.isEmpty())
+        grow(box);
+}
+
+void DisplayList::shrink()
+{
+    m_items.shrink_to_fit();
+    m_primitives.shrink_to_fit();
+    m_vertices.shrink_to_fit();
+    m_texts.shrink_to_fit();
+    m_letters.shrink_to_fit();
+    m_blocks.shrink_to_fit();
+    m_grids.shrink_to_fit();
+}
+
+std::vector<uint32_t> DisplayList::itemsIn(const Box2d& window)
+{
+    std::vector<uint32_t> found;
+    m_places.visit([&window](const Box2d& box) { return box.isApart(window, 0.0); },
+                   [&found](uint32_t item) { found.push_back(item); });
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+size_t DisplayList::bytes() const
+{
+    return m_items.capacity() * sizeof(Item) + m_primitives.capacity() * sizeof(Primitive) +
+           m_vertices.capacity() * sizeof(Vertex) + m_texts.capacity() * sizeof(PlacedText) +
+           m_letters.capacity() * sizeof(char16_t) + m_blocks.capacity() * sizeof(PlacedBlock) +
+           m_grids.capacity() * sizeof(Grid) + m_places.bytes();
+}
+
+} // namespace picture

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+#include "picture/list/display_list.h"
+#include "picture/look/looks.h"
+#include "picture/notes.h"
+#include "picture/text/text_style.h"
+
+#include <deque>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AcDbDatabase;
+struct Container;
+
+namespace picture
+{
+
+/// How points are shown, from the drawing's header.
+struct PointStyle
+{
+    int mode = 0;
+    double size = 0.0; ///< drawing units; negative: percent of the picture's height; 0: the usual 5 percent
+};
+
+/// The entities of model space, also in a drawing that has no table of blocks.
+AcDbObjectIdArray modelSpaceOf(AcDbDatabase& database);
+
+/// The display lists of a drawing: one for model space and one for each block that is used, made when first asked for.
+/// The drawing must outlive them; one thread.
+class DrawingLists
+{
+public:
+    /// `fontFolders` as `TextStyles`. `notes` receives what is not shown as it is.
+    DrawingLists(AcDbDatabase& database, std::vector<std::string> fontFolders, Notes& notes);
+    DrawingLists(const DrawingLists&) = delete;
+    DrawingLists& operator=(const DrawingLists&) = delete;
+
+    DisplayList& modelSpace();
+    /// Brings the lists up to date with the drawing: entities of model space that changed get new primitives, blocks
+    /// whose contents changed are made anew.
+    void update();
+
+    DisplayList& list(uint32_t block) { return m_lists[block]; }
+    /// The list of a block by its name as references write it; `kNone` for one that is not there, that stands around
+    /// the block at hand, or that is nested too deep.
+    uint32_t blockNamed(std::string_view raw);
+    static constexpr uint32_t kNone = 0xFFFFFFFF;
+
+    AcDbDatabase& database() { return m_database; }
+    Looks& looks() { return m_looks; }
+    const Looks& looks() const { return m_looks; }
+    TextStyles& styles() { return m_styles; }
+    Notes& notes() { return m_notes; }
+    double linetypeScale() const { return m_linetypeScale; }
+    const PointStyle& pointStyle() const { return m_pointStyle; }
+    bool showsWeights() const { return m_showsWeights; }
+    /// Length of a leader's arrowhead, drawing units.
+    double arrowSize() const { return m_arrowSize; }
+    /// A metre in drawing units, by $INSUNITS; one unit where that says nothing.
+    double metre() const { return m_metre; }
+
+    /// The box of what is shown: layers that are frozen or off left out.
+    Box2d shownBox();
+    /// Bytes of all lists together.
+    size_t bytes() const;
+
+private:
+    struct Block
+    {
+        uint32_t list = kNone;
+        bool isOpen = false; ///< being made: what leads back to it ends there
+    };
+
+    void fill(DisplayList& list, const AcDbObjectIdArray& entities);
+    AcDbObjectIdArray inDrawOrder(AcDbObjectIdArray entities, uint64_t block);
+
+    AcDbDatabase& m_database;
+    Notes& m_notes;
+    Looks m_looks;
+    TextStyles m_styles;
+    std::deque<DisplayList> m_lists; ///< 0 is model space
+    std::unordered_map<const Container*, Block> m_blocks;
+    size_t m_depth = 0;
+    bool m_isMade = false;
+    uint64_t m_seen = 0; ///< the drawing's change count
+    double m_linetypeScale = 1.0;
+    double m_arrowSize = 0.0;
+    double m_metre = 1.0;
+    PointStyle m_pointStyle;
+    bool m_showsWeights = false;
+};
+
+} // namespace picture

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "picture/list/drawing_lists.h"
+#include "picture/page/page.h"
+
+#include <string>
+#include <vector>
+
+namespace picture
+{
+
+/// The bytes of a picture file. They need a running QGuiApplication, and notes go to those of the lists. A picture that
+/// would take more memory than there is for one throws std::runtime_error.
+std::string renderPng(DrawingLists& lists, const Page& page, const PageOptions& options);
+std::string renderSvg(DrawingLists& lists, const Page& page, const PageOptions& options);
+/// One page each, on `options.paper`; several get a list of contents before them and an outline. `heading` stands above
+/// the contents.
+std::string renderPdf(DrawingLists& lists, const std::vector<Page>& pages, const PageOptions& options,
+                      const std::u16string& heading);
+
+} // namespace picture

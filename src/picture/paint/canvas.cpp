@@ -1,0 +1,132 @@
+#include "picture/paint/canvas.h"
+
+#include <QGlyphRun>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRawFont>
+
+namespace picture
+{
+
+namespace
+{
+
+constexpr size_t kMostGathered = 4'000;
+
+/// Has all Vietnamese letters.
+constexpr const char* kSearchFont = "DejaVu Sans";
+constexpr int kSearchPixels = 100;
+
+const QRawFont& searchFont()
+{
+    static const QRawFont font = []
+    {
+        QFont named{QString::fromLatin1(kSearchFont)};
+        named.setPixelSize(kSearchPixels);
+        named.setHintingPreference(QFont::PreferNoHinting);
+        return QRawFont::fromFont(named);
+    }();
+    return font;
+}
+
+QColor toColor(Rgb rgb)
+{
+    return QColor::fromRgb(rgb);
+}
+
+} // namespace
+
+void Canvas::setPen(Rgb color, double width)
+{
+    if (color == m_color && width == m_width)
+        return;
+    flush();
+    m_color = color;
+    m_width = width;
+}
+
+void Canvas::line(std::span<const Vertex> points, bool closed)
+{
+    if (points.size() < 2)
+        return;
+    for (const Vertex& point : points)
+        m_points.push_back(onGrid(point));
+    m_lines.emplace_back(m_points.size(), closed);
+    if (m_points.size() > kMostGathered)
+        flush();
+}
+
+void Canvas::flush()
+{
+    if (m_lines.empty())
+        return;
+    QPainterPath path;
+    size_t at = 0;
+    for (const auto& [end, closed] : m_lines)
+    {
+        path.moveTo(m_points[at].x, m_points[at].y);
+        for (++at; at < end; ++at)
+            path.lineTo(m_points[at].x, m_points[at].y);
+        if (closed)
+            path.closeSubpath();
+    }
+    QPen pen{toColor(m_color), m_width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    pen.setCosmetic(m_width == 0.0);
+    m_painter.strokePath(path, pen);
+    m_points.clear();
+    m_lines.clear();
+}
+
+void Canvas::area(std::span<const std::vector<Vertex>> loops, Rgb color, bool evenOdd)
+{
+    flush();
+    QPainterPath path;
+    path.setFillRule(evenOdd ? Qt::OddEvenFill : Qt::WindingFill);
+    for (const std::vector<Vertex>& loop : loops)
+    {
+        for (size_t i = 0; i < loop.size(); ++i)
+        {
+            const Vertex at = onGrid(loop[i]);
+            if (i == 0)
+                path.moveTo(at.x, at.y);
+            else
+                path.lineTo(at.x, at.y);
+        }
+        path.closeSubpath();
+    }
+    m_painter.fillPath(path, toColor(color));
+}
+
+void Canvas::searchable(std::u16string_view text, const Map2d& map, double advance)
+{
+    if (!m_searchable || text.empty())
+        return;
+    flush();
+    const QRawFont& font = searchFont();
+    const QList<quint32> glyphs =
+        font.glyphIndexesForString(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+    const QList<QPointF> advances = font.advancesForGlyphIndexes(glyphs);
+    QList<QPointF> places;
+    double width = 0.0;
+    for (const QPointF& each : advances)
+    {
+        places.push_back({width, 0.0});
+        width += each.x();
+    }
+    if (!(width > 0.0))
+        return;
+    QGlyphRun run;
+    run.setRawFont(font);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(places);
+    const double across = advance / width;
+    const double up = 1.0 / font.capHeight();
+    m_painter.save();
+    m_painter.setTransform(QTransform{map.xx * across, map.yx * across, -map.xy * up, -map.yy * up, map.dx, map.dy},
+                           true);
+    m_painter.setPen(QColor{0, 0, 0, 0});
+    m_painter.drawGlyphRun({0.0, 0.0}, run);
+    m_painter.restore();
+}
+
+} // namespace picture
