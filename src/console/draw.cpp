@@ -1,5 +1,6 @@
 #include "console/dss_session.h"
 #include "console/report_parts.h"
+#include "host/app/paths.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/database.h"
@@ -171,7 +172,7 @@ Report drawDrawing(const DrawOptions& options)
     noteIncomplete(report.notes, program.session());
     noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);
-    program.session().saveCurrent(toUtf16(options.output));
+    program.session().saveCurrent(modulePath(options.output));
     return report;
 }
 
@@ -197,7 +198,7 @@ Report eraseDrawing(const DrawOptions& options)
         report.erased += section.erased;
     }
     earlier.noteKept(report.notes, all);
-    program.session().saveCurrent(toUtf16(options.output));
+    program.session().saveCurrent(modulePath(options.output));
     return report;
 }
 

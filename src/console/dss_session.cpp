@@ -1,5 +1,6 @@
 #include "console/dss_session.h"
 
+#include "host/app/paths.h"
 #include "host/ui/tab_ctrl.h"
 #include "sections/database_cs.h"
 #include "sections/run_options.h"
@@ -158,7 +159,7 @@ void DssSession::confirmSettings(const std::string& library)
         opened = true;
         if (!library.empty())
         {
-            m_program.frontEnd().queue({toUtf16(library), std::nullopt});
+            m_program.frontEnd().queue({modulePath(library), std::nullopt});
             require(settings.userClick(kOpenLibrary));
         }
         m_settingsNotes = wordsInPlaceOfNumbers(settings);

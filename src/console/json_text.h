@@ -30,10 +30,7 @@ inline std::string handleText(AcDbObjectId id)
     return toUtf8(digits);
 }
 
-/// One line of JSON. Bytes that are no UTF-8 (a path on the command line) become U+FFFD.
-inline std::string oneLine(const Json& json)
-{
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
+/// One line of JSON. Bytes that are no UTF-8 (of paths) stand as letters of 8-bit Vietnamese.
+std::string oneLine(Json json);
 
 } // namespace console

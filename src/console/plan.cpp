@@ -3,6 +3,7 @@
 #include "console/plan_table.h"
 #include "console/report_parts.h"
 #include "dbkit/symbol_block.h"
+#include "host/app/paths.h"
 #include "host/companion/alignment.h"
 #include "host/drawing/block_reference.h"
 #include "host/drawing/database.h"
@@ -152,7 +153,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");
     failWhenStrict(report.unreadable, options.strict);
-    program.session().saveCurrent(toUtf16(options.output));
+    program.session().saveCurrent(modulePath(options.output));
     return report;
 }
 

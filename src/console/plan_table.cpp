@@ -1,5 +1,6 @@
 #include "console/plan_table.h"
 
+#include "host/app/paths.h"
 #include "host/ui/dialog.h"
 #include "host/ui/grid_ctrl.h"
 #include "util/numbers.h"
@@ -44,7 +45,7 @@ void openPlanTable(Program& program, const std::string& table, const PlanTableUs
 {
     program.frontEnd().onModal = [&](CDialog& dialog)
     {
-        program.frontEnd().queue({toUtf16(table), std::nullopt});
+        program.frontEnd().queue({modulePath(table), std::nullopt});
         require(dialog.userClick(kOpenTable));
         if (use(shownTable(dialog)))
             require(dialog.userClick(IDOK));

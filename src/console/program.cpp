@@ -57,7 +57,7 @@ Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m
 
 AcApDocument* Program::open(const std::string& path)
 {
-    return m_session.documents().open(toUtf16(path));
+    return m_session.documents().open(modulePath(path));
 }
 
 void Program::prepareFiles(const std::vector<std::u16string>& files)

@@ -56,7 +56,7 @@ TextLines linesOf(const std::string& path, const RowFileKind& kind)
     TextLines lines = DecodeTextLines(std::string{file.view()});
     if (const RowFileKind* found = kindOf(lines); found != nullptr && found != &kind)
         throw Failure{no + found->name};
-    if (!files::endingOf(path).empty() && !files::hasEnding(path, kind.ending))
+    if (!files::hasEnding(path, kind.ending))
         throw Failure{path + ": is not " + kind.name + ": give a name that ends in ." + kind.ending};
     return lines;
 }

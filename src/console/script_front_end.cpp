@@ -1,5 +1,6 @@
 #include "console/script_front_end.h"
 
+#include "host/app/paths.h"
 #include "host/ui/dialog.h"
 
 #include <algorithm>
@@ -9,6 +10,8 @@ namespace console
 
 namespace
 {
+
+constexpr std::u16string_view kSymbolExtension = u"dwg";
 
 bool hasExtension(const std::u16string& path)
 {
@@ -59,6 +62,8 @@ std::optional<std::u16string> ScriptFrontEnd::askFile(const FileQuestion& questi
     std::optional<std::u16string> path = takeAnswer([](const Answer& answer) { return !answer.color; }).path;
     if (path && !question.defaultExtension.empty() && !hasExtension(*path))
         *path += u"." + question.defaultExtension;
+    if (path && question.defaultExtension == kSymbolExtension)
+        path = storedPath(*path);
     return path;
 }
 

@@ -5,6 +5,7 @@
 #include "console/report_parts.h"
 #include "console/rows_json.h"
 #include "console/shown_text.h"
+#include "host/app/paths.h"
 #include "host/ui/dialog.h"
 #include "sections/database_cs.h"
 
@@ -148,7 +149,7 @@ void ScriptRunner::open(const Words& words)
 
 void ScriptRunner::save(const Words& words)
 {
-    const std::u16string path = words.empty() ? document().fileName() : toUtf16(words[0]);
+    const std::u16string path = words.empty() ? document().fileName() : modulePath(words[0]);
     document();
     m_program.session().saveCurrent(path);
 }
@@ -240,7 +241,7 @@ void ScriptRunner::answer(const Words& words)
     else if (words[0] == "cancel")
         m_program.frontEnd().queue({});
     else
-        m_program.frontEnd().queue({toUtf16(words[0]), std::nullopt});
+        m_program.frontEnd().queue({modulePath(words[0]), std::nullopt});
 }
 
 void ScriptRunner::print(const Words& words)

@@ -17,7 +17,7 @@ std::string escaped(std::string_view text, char16_t kept)
 {
     static constexpr char16_t kDigits[] = u"0123456789abcdef";
     std::u16string shown;
-    for (const char16_t unit : toUtf16(text))
+    for (const char16_t unit : lettersForBytes(keepBytes(text)))
         if (isControl(unit) && unit != kept)
             shown.append({u'\\', u'x', kDigits[unit >> 4], kDigits[unit & 0xF]});
         else

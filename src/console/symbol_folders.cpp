@@ -3,6 +3,8 @@
 #include "console/program.h"
 #include "disk/read.h"
 #include "disk/replace.h"
+#include "host/app/symbol_search.h"
+#include "host/text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -17,7 +19,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::vector<std::string> linesOf(std::string_view text)
+/// The folders of a list, as they are on disk when they are there.
+std::vector<std::string> foldersOf(std::string_view text)
 {
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
@@ -30,9 +33,15 @@ std::vector<std::string> linesOf(std::string_view text)
         if (line.ends_with('\r'))
             line.remove_suffix(1);
         if (!line.empty())
-            lines.emplace_back(line);
+            lines.push_back(host::findFolder(std::string{line}).value_or(std::string{line}));
     }
     return lines;
+}
+
+/// A folder as the list holds it: UTF-8, whatever its name on disk is.
+std::string textOf(const std::string& folder)
+{
+    return toUtf8(keepBytes(folder));
 }
 
 std::string absolutePath(const std::string& folder)
@@ -49,7 +58,7 @@ SymbolFolderList::SymbolFolderList(const std::string& settingsFolder) : m_file{s
 {
     std::error_code ignored;
     if (fs::exists(m_file, ignored))
-        m_folders = linesOf(disk::readFile(m_file).view());
+        m_folders = foldersOf(disk::readFile(m_file).view());
 }
 
 void SymbolFolderList::add(const std::string& folder)
@@ -67,7 +76,7 @@ void SymbolFolderList::add(const std::string& folder)
 void SymbolFolderList::remove(const std::string& folder)
 {
     const auto is = [&](const std::string& kept)
-    { return kept == folder || (!folder.empty() && kept == absolutePath(folder)); };
+    { return textOf(kept) == textOf(folder) || (!folder.empty() && textOf(kept) == textOf(absolutePath(folder))); };
     if (std::erase_if(m_folders, is) == 0)
         throw Failure{folder + ": not in the list " + m_file};
 }
@@ -80,7 +89,7 @@ void SymbolFolderList::save() const
         throw Failure{fs::path{m_file}.parent_path().string() + ": the folder cannot be made: " + error.message()};
     std::string text;
     for (const std::string& folder : m_folders)
-        text += folder + "\n";
+        text += textOf(folder) + "\n";
     disk::replaceFile(m_file, {text});
 }
 

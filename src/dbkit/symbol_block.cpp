@@ -4,6 +4,7 @@
 #include "frame/tracking/tracking.h"
 #include "host/app/host_services.h"
 #include "host/drawing/database.h"
+#include "host/text.h"
 #include "util/fields.h"
 
 namespace
@@ -22,7 +23,7 @@ std::u16string SymbolBlockName(std::u16string_view path)
     if (const size_t slash = name.rfind(u'/'); slash != std::u16string::npos)
         name.erase(0, slash + 1);
     name.resize(name.size() - std::min(name.size(), kEndingLength));
-    return name;
+    return lettersForBytes(name);
 }
 
 bool CanNameSymbolBlock(std::u16string_view name)

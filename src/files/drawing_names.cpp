@@ -13,6 +13,11 @@ namespace files
 namespace
 {
 
+std::string endingOf(const std::string& path)
+{
+    return std::filesystem::path(path).extension().string();
+}
+
 /// Text DXF begins with the group code of a section's start or of a comment.
 bool beginsAsTextDxf(std::string_view bytes)
 {
@@ -22,11 +27,6 @@ bool beginsAsTextDxf(std::string_view bytes)
 }
 
 } // namespace
-
-std::string endingOf(const std::string& path)
-{
-    return std::filesystem::path(path).extension().string();
-}
 
 bool hasEnding(const std::string& path, std::string_view ending)
 {

@@ -16,9 +16,6 @@ bool isDrawing(std::string_view bytes);
 /// in anything but .dxf. A name without an ending says nothing.
 void requireDrawingOutput(const std::string& path);
 
-/// The ending of a file's name with its dot; empty when there is none.
-std::string endingOf(const std::string& path);
-
 /// Whether the name of a file has this ending ("dxf"), in any case.
 bool hasEnding(const std::string& path, std::string_view ending);
 

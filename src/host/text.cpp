@@ -1,6 +1,7 @@
 #include "host/text.h"
 
 #include "host/composing.h"
+#include "host/tcvn3_letters.h"
 
 #include <cstdint>
 
@@ -48,7 +49,10 @@ int sequenceLength(unsigned char lead)
     return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
 }
 
-/// The code point that starts at `at`, moving `at` behind it; one bad byte gives U+FFFD.
+/// What one bad byte gives; no code point.
+constexpr char32_t kBadByte = 0xFFFFFFFF;
+
+/// The code point that starts at `at`, moving `at` behind it.
 char32_t nextCode(std::string_view text, size_t& at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
@@ -56,20 +60,46 @@ char32_t nextCode(std::string_view text, size_t& at)
         return lead;
     const int length = sequenceLength(lead);
     if (length == 0 || at + static_cast<size_t>(length) - 1 > text.size())
-        return kReplacement;
+        return kBadByte;
     char32_t code = lead & (0x7FU >> length);
     for (int i = 1; i < length; ++i)
     {
         const char byte = text[at + static_cast<size_t>(i) - 1];
         if (!isContinuation(byte))
-            return kReplacement;
+            return kBadByte;
         code = (code << 6) | (static_cast<unsigned char>(byte) & 0x3FU);
     }
     static constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
     if (code < kSmallest[length] || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000))
-        return kReplacement;
+        return kBadByte;
     at += static_cast<size_t>(length) - 1;
     return code;
+}
+
+constexpr char16_t kCarrier = 0xDC00;
+
+bool isSurrogate(char32_t code)
+{
+    return code >= 0xD800 && code < 0xE000;
+}
+
+/// The byte that a lone surrogate carries: any beyond ASCII, and the backslash of a name.
+bool carriesByte(char32_t code)
+{
+    return (code >= kCarrier + 0x80 && code <= kCarrier + 0xFF) || code == kCarrier + u'\\';
+}
+
+char32_t letterFor(char32_t carrier)
+{
+    return kTcvn3Units[carrier & 0xFF];
+}
+
+/// The code point that starts at `at`, moving `at` behind it; a lone surrogate as it is.
+char32_t nextCode(std::u16string_view text, size_t& at)
+{
+    const char32_t code = text[at++];
+    const bool paired = code >= 0xD800 && code < 0xDC00 && at < text.size() && text[at] >= 0xDC00 && text[at] < 0xE000;
+    return paired ? 0x10000 + ((code - 0xD800) << 10) + (text[at++] - 0xDC00U) : code;
 }
 
 } // namespace
@@ -78,15 +108,10 @@ std::string toUtf8(std::u16string_view text)
 {
     std::string out;
     out.reserve(text.size());
-    for (size_t i = 0; i < text.size(); ++i)
+    for (size_t at = 0; at < text.size();)
     {
-        char32_t code = text[i];
-        if (code >= 0xD800 && code < 0xE000)
-        {
-            const bool paired = code < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
-            code = paired ? 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00U) : kReplacement;
-        }
-        appendUtf8(out, code);
+        const char32_t code = nextCode(text, at);
+        appendUtf8(out, carriesByte(code) ? letterFor(code) : isSurrogate(code) ? kReplacement : code);
     }
     return out;
 }
@@ -96,7 +121,50 @@ std::u16string toUtf16(std::string_view text)
     std::u16string out;
     out.reserve(text.size());
     for (size_t at = 0; at < text.size();)
-        appendUtf16(out, nextCode(text, at));
+    {
+        const char32_t code = nextCode(text, at);
+        appendUtf16(out, code == kBadByte ? kReplacement : code);
+    }
+    return out;
+}
+
+std::u16string keepBytes(std::string_view bytes)
+{
+    std::u16string out;
+    out.reserve(bytes.size());
+    for (size_t at = 0; at < bytes.size();)
+    {
+        const auto first = static_cast<unsigned char>(bytes[at]);
+        const char32_t code = nextCode(bytes, at);
+        appendUtf16(out, code == kBadByte ? char32_t{kCarrier} + first : code);
+    }
+    return out;
+}
+
+std::string keptBytes(std::u16string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (size_t at = 0; at < text.size();)
+    {
+        const char32_t code = nextCode(text, at);
+        if (carriesByte(code))
+            out += static_cast<char>(code & 0xFF);
+        else
+            appendUtf8(out, isSurrogate(code) ? kReplacement : code);
+    }
+    return out;
+}
+
+std::u16string lettersForBytes(std::u16string_view text)
+{
+    std::u16string out;
+    out.reserve(text.size());
+    for (size_t at = 0; at < text.size();)
+    {
+        const char32_t code = nextCode(text, at);
+        appendUtf16(out, carriesByte(code) ? letterFor(code) : code);
+    }
     return out;
 }
 

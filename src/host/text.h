@@ -7,11 +7,23 @@
 /// Text of the host and everything above it is UTF-16; UTF-8 stands only at the edges (files, terminal, window).
 /// The functions here are the only conversions, and the only rule by which names are compared.
 
-/// UTF-8 of `text`. A lone surrogate becomes U+FFFD.
+/// UTF-8 of `text`. A lone surrogate becomes U+FFFD, or the letter of the byte that it carries (see `keepBytes`).
 std::string toUtf8(std::u16string_view text);
 
 /// UTF-16 of `text`. A byte that does not belong to valid UTF-8 becomes U+FFFD.
 std::u16string toUtf16(std::string_view text);
+
+/// Wide text of bytes that are meant to be UTF-8 but need not be, such as names on disk: a byte that does not belong to
+/// valid UTF-8 is carried by a lone surrogate, U+DC00 and its value.
+std::u16string keepBytes(std::string_view bytes);
+
+/// The bytes of a text with such surrogates, as `keepBytes` was given them. U+DC5C is a backslash; a lone surrogate
+/// that carries nothing becomes U+FFFD.
+std::string keptBytes(std::u16string_view text);
+
+/// `text` with the bytes that it carries as the letters they are in 8-bit Vietnamese (TCVN3): what stands wherever a
+/// name is not used as a path.
+std::u16string lettersForBytes(std::u16string_view text);
 
 /// The lower-case form of an ASCII, Latin-1 or Vietnamese letter; any other code unit as it is. The same in every
 /// locale.

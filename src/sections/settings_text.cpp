@@ -1,5 +1,7 @@
 #include "sections/settings_text.h"
 
+#include "host/text.h"
+
 #include <charconv>
 
 namespace
@@ -33,7 +35,7 @@ bool readCode(std::string_view digits, unsigned& code)
 std::string EncodeSettings(std::u16string_view text)
 {
     std::string bytes;
-    for (const char16_t unit : text)
+    for (const char16_t unit : lettersForBytes(text))
     {
         if (needsEscape(unit))
             appendEscaped(bytes, unit);

@@ -2,7 +2,6 @@
 
 #include "host/app/disk.h"
 #include "host/app/paths.h"
-#include "host/text.h"
 
 #include <cstdlib>
 
@@ -20,7 +19,7 @@ std::u16string withLastLevel(std::u16string folder)
 std::u16string fallbackFolder()
 {
     const char* folder = std::getenv("AppData");
-    return toUtf16(folder != nullptr ? folder : "");
+    return modulePath(folder != nullptr ? folder : "");
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "frame/entry/command_table.h"
 #include "frame/tracking/tracking.h"
+#include "host/app/paths.h"
 #include "host/app/session.h"
-#include "host/text.h"
 #include "sectiondraw/veloxa_dlg.h"
 #include "sections/database_cs.h"
 #include "sections/ownership.h"
@@ -39,7 +39,7 @@ std::optional<ClosingReactor> g_closingReactor;
 /// The folder of the module file; empty when the host does not know it.
 std::u16string findModuleFolder()
 {
-    const std::u16string file = toUtf16(host::Session::current().moduleFile(kModuleFile));
+    const std::u16string file = modulePath(host::Session::current().moduleFile(kModuleFile));
     const size_t separator = file.find_last_of(u"/\\");
     return separator == std::u16string::npos ? std::u16string{} : file.substr(0, separator);
 }

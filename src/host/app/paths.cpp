@@ -11,6 +11,8 @@
 namespace
 {
 
+constexpr char16_t kBackslashOfName = 0xDC5C;
+
 std::filesystem::path configHome()
 {
     // A relative folder would mean another place in every working directory.
@@ -24,9 +26,22 @@ std::filesystem::path configHome()
 
 std::string nativePath(std::u16string_view path)
 {
-    std::string native = toUtf8(path);
-    std::replace(native.begin(), native.end(), '\\', '/');
-    return native;
+    std::u16string slashed{path};
+    std::replace(slashed.begin(), slashed.end(), u'\\', u'/');
+    return keptBytes(slashed);
+}
+
+std::u16string modulePath(std::string_view path)
+{
+    std::u16string wide = keepBytes(path);
+    std::replace(wide.begin(), wide.end(), u'\\', kBackslashOfName);
+    return wide;
+}
+
+std::u16string storedPath(std::u16string path)
+{
+    std::replace(path.begin(), path.end(), kBackslashOfName, u'\\');
+    return path;
 }
 
 std::optional<std::u16string> roamingFolder()
@@ -40,17 +55,17 @@ std::optional<std::u16string> roamingFolder()
     std::filesystem::create_directories(folder, error);
     if (!std::filesystem::is_directory(folder, error))
         return std::nullopt;
-    return toUtf16(folder.string());
+    return modulePath(folder.string());
 }
 
 std::u16string roamingPath()
 {
-    return toUtf16(configHome().string());
+    return modulePath(configHome().string());
 }
 
 std::optional<std::u16string> dataFolderOverride()
 {
     if (!host::Session::hasCurrent() || host::Session::current().options().userDataFolder.empty())
         return std::nullopt;
-    return toUtf16(host::Session::current().options().userDataFolder);
+    return modulePath(host::Session::current().options().userDataFolder);
 }

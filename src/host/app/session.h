@@ -15,7 +15,7 @@
 namespace host
 {
 
-/// What the programs give a session. Folders are real paths (UTF-8), without a separator at the end.
+/// What the programs give a session. Folders are real paths, without a separator at the end.
 struct SessionOptions
 {
     std::string userDataFolder;             ///< in place of the user's; empty: $XDG_CONFIG_HOME/PLX/Kavendo

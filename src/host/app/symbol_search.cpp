@@ -1,10 +1,13 @@
 #include "host/app/symbol_search.h"
 
 #include "host/app/paths.h"
+#include "host/drawing/text_encoding.h"
+#include "host/tcvn3_letters.h"
 #include "host/text.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace host
 {
@@ -13,6 +16,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr int kR2000 = 1015;
 
 bool isDriveLetter(char c)
 {
@@ -28,24 +33,50 @@ std::string fileName(const std::string& native)
     return name;
 }
 
-/// The entry of a folder that is called `name`, or else the first one that differs from it in letter case only.
+bool isAscii(std::string_view bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// What the bytes of a name on disk may say: archives keep names in UTF-8, in 8-bit Vietnamese or in CP1258. Anything
+/// that is not ASCII is read in all three ways, the likeliest one first.
+std::vector<std::u16string> readingsOf(const std::string& name)
+{
+    static const auto cp1258 = makeTextEncoding(kR2000, "ANSI_1258");
+    std::vector<std::u16string> readings{lettersForBytes(keepBytes(name))};
+    if (isAscii(name))
+        return readings;
+    std::u16string& tcvn3 = readings.emplace_back();
+    for (const char byte : name)
+        tcvn3 += kTcvn3Units[static_cast<unsigned char>(byte)];
+    readings.push_back(cp1258->decode(name));
+    return readings;
+}
+
+/// The entry of a folder that is called `name`; else one whose name says the same in another reading or letter case,
+/// the likeliest reading first and then the first in order.
 template <class Wanted>
 std::optional<fs::path> entryOf(const fs::path& folder, const std::string& name, Wanted wanted)
 {
     std::error_code error;
     if (const fs::path exact = folder / name; wanted(fs::status(exact, error)))
         return exact;
-    const std::u16string wide = toUtf16(name);
-    std::optional<fs::path> first;
+    const std::u16string wide = lettersForBytes(keepBytes(name));
+    std::optional<std::pair<std::ptrdiff_t, fs::path>> first;
     const fs::directory_iterator end;
     for (fs::directory_iterator entry{folder, error}; !error && entry != end; entry.increment(error))
     {
         std::error_code unknown;
-        if (equalNoCase(toUtf16(entry->path().filename().string()), wide) && wanted(entry->status(unknown)) &&
-            (!first || entry->path() < *first))
-            first = entry->path();
+        const std::vector<std::u16string> readings = readingsOf(entry->path().filename().string());
+        const auto same = std::find_if(readings.begin(), readings.end(),
+                                       [&](const std::u16string& reading) { return equalNoCase(reading, wide); });
+        if (same == readings.end() || !wanted(entry->status(unknown)))
+            continue;
+        std::pair found{same - readings.begin(), entry->path()};
+        if (!first || found < *first)
+            first = std::move(found);
     }
-    return first;
+    return first ? std::optional{first->second} : std::nullopt;
 }
 
 bool isFile(const fs::file_status& status)
@@ -53,24 +84,29 @@ bool isFile(const fs::file_status& status)
     return fs::is_regular_file(status);
 }
 
-/// The file at a path some of whose levels may be written in another letter case.
-std::optional<fs::path> fileAt(const fs::path& path)
+bool isFolder(const fs::file_status& status)
+{
+    return fs::is_directory(status);
+}
+
+/// What there is at a path some of whose levels may be written in another letter case or read in another way.
+template <class Wanted>
+std::optional<fs::path> entryAt(const fs::path& path, Wanted wanted)
 {
     std::error_code ignored;
-    if (fs::is_regular_file(path, ignored))
+    if (wanted(fs::status(path, ignored)))
         return path;
     if (!path.has_filename())
         return std::nullopt;
     fs::path folder = path.has_root_path() ? path.root_path() : fs::path{"."};
     for (const fs::path& level : path.parent_path().relative_path())
     {
-        const auto next =
-            entryOf(folder, level.string(), [](const fs::file_status& status) { return fs::is_directory(status); });
+        const auto next = entryOf(folder, level.string(), isFolder);
         if (!next)
             return std::nullopt;
         folder = *next;
     }
-    return entryOf(folder, path.filename().string(), isFile);
+    return entryOf(folder, path.filename().string(), wanted);
 }
 
 } // namespace
@@ -90,10 +126,16 @@ void SymbolSearch::lookFirstIn(std::vector<std::string> folders)
     m_folders = std::move(folders);
 }
 
+std::optional<std::string> findFolder(const std::string& path)
+{
+    const auto found = entryAt(path, isFolder);
+    return found ? std::optional{found->string()} : std::nullopt;
+}
+
 std::optional<std::string> SymbolSearch::find(std::u16string_view path) const
 {
     const std::string native = nativePath(path);
-    if (const auto own = fileAt(native))
+    if (const auto own = entryAt(native, isFile))
         return own->string();
     const std::string name = fileName(native);
     if (name.empty())

@@ -14,7 +14,7 @@ namespace host
 class SymbolSearch
 {
 public:
-    /// `folders` are real paths (UTF-8), the first one is looked in first; one that does not exist holds nothing.
+    /// `folders` are real paths, the first one is looked in first; one that does not exist holds nothing.
     explicit SymbolSearch(std::vector<std::string> folders) : m_folders{std::move(folders)} {}
 
     /// The folders that a file which names symbol drawings adds: its own, and `symbols` in it.
@@ -23,8 +23,9 @@ public:
     /// Looks in these first from now on.
     void lookFirstIn(std::vector<std::string> folders);
 
-    /// The real path of the file. Letter case is ignored where the path or name as it is leads nowhere; of names that
-    /// differ in nothing else, the first in alphabetical order counts. Nothing when there is no such file.
+    /// The real path of the file. Where the path or name as it is leads nowhere, letter case is ignored and names on
+    /// disk that are not ASCII are also read as 8-bit Vietnamese and as CP1258; of names that differ in nothing else,
+    /// the first in alphabetical order counts. Nothing when there is no such file.
     std::optional<std::string> find(std::u16string_view path) const;
 
     /// One line on a file that was not found: its path, and in which folders its name was looked for.
@@ -33,5 +34,8 @@ public:
 private:
     std::vector<std::string> m_folders;
 };
+
+/// The real path of a folder whose path is kept as text, found level by level as `SymbolSearch` finds a file.
+std::optional<std::string> findFolder(const std::string& path);
 
 } // namespace host

@@ -18,7 +18,7 @@ public:
 
     virtual ~DrawingReader() = default;
 
-    /// The index of the drawing file at `path` (UTF-8, a real path). A symbol may be of any version, a drawing must be
+    /// The index of the drawing file at `path` (a real path). A symbol may be of any version, a drawing must be
     /// R2000 or newer. Throws an exception derived from std::exception whose text says what is wrong and where.
     virtual DrawingStore read(const std::string& path, Purpose purpose) = 0;
 };

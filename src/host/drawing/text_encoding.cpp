@@ -109,7 +109,7 @@ public:
 
     std::string encode(std::u16string_view text) const override
     {
-        std::u16string line{text};
+        std::u16string line = lettersForBytes(text);
         std::replace_if(
             line.begin(), line.end(), [](char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == 0; }, u' ');
         if (isUtf8())
