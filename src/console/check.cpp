@@ -1,5 +1,6 @@
 #include "console/check.h"
 
+#include "console/damage.h"
 #include "console/plan.h"
 #include "console/plan_table.h"
 #include "console/report_parts.h"
@@ -296,6 +297,10 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
     checkFiles(report, program, drawing);
     checkRows(report, rowFiles, options.nearby);
     checkUnusedFiles(report, program, rowFiles);
+    program.refuseDamage();
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        noteScale(report.notes, line);
+    noteDamaged(report.notes, program.session());
     noteConversion(report.notes, report.drawing, drawing);
     noteIncomplete(report.notes, program.session());
     return report;

@@ -1,6 +1,7 @@
 #include "console/commands.h"
 
 #include "console/check.h"
+#include "console/damage.h"
 #include "console/drawing_json.h"
 #include "console/plan.h"
 #include "console/progress.h"
@@ -72,10 +73,14 @@ void runScan(const ScanOptions& options)
     Program program{options.common};
     AcDbDatabase& database = *program.open(drawing)->database();
     ScanCrossSections(g_DatabaseCS);
+    program.refuseDamage();
     if (options.nearby)
         program.command(u"ZE");
     Notes notes;
     noteLayout(notes, database);
+    for (const ItemReferenceLine& line : g_DatabaseCS.m_listReferenceLines)
+        noteScale(notes, line);
+    noteDamaged(notes, program.session());
     if (!options.common.json)
         return print(rowsText(g_DatabaseCS) + notesText(notes));
     Json rows = rowsJson(g_DatabaseCS, drawing);

@@ -1,3 +1,4 @@
+#include "console/damage.h"
 #include "console/dss_session.h"
 #include "console/report_parts.h"
 #include "host/app/paths.h"
@@ -162,17 +163,19 @@ Report drawDrawing(const DrawOptions& options)
     report.withoutSymbol = withoutSymbol(drawn);
     report.unreadable = unreadableSymbols(program.session());
     noteLayout(report.notes, database);
+    noteScale(report.notes, dss.line());
     report.notes.insert(report.notes.end(), dss.settingsNotes().begin(), dss.settingsNotes().end());
     earlier.noteKept(report.notes, positions);
     if (library)
         noteRows(report.notes, *library, featuresOfDrawing(), options.nearby);
     addNotes(report.notes, drawn, database);
+    noteDamaged(report.notes, program.session());
     dss.close();
     noteConversion(report.notes, options.common.drawing, database);
     noteIncomplete(report.notes, program.session());
     noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);
-    program.session().saveCurrent(modulePath(options.output));
+    program.save(options.output);
     return report;
 }
 
@@ -198,7 +201,8 @@ Report eraseDrawing(const DrawOptions& options)
         report.erased += section.erased;
     }
     earlier.noteKept(report.notes, all);
-    program.session().saveCurrent(modulePath(options.output));
+    noteDamaged(report.notes, program.session());
+    program.save(options.output);
     return report;
 }
 

@@ -178,6 +178,7 @@ void DssSession::click(int id)
 {
     require(dialog().userClick(id));
     m_program.session().runPending();
+    m_program.refuseDamage();
 }
 
 void DssSession::draw()

@@ -4,6 +4,7 @@
 #include "host/geometry/point3d.h"
 #include "host/text.h"
 
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 namespace console
@@ -12,14 +13,20 @@ namespace console
 /// Members keep the order in which they were set.
 using Json = nlohmann::ordered_json;
 
+/// A number where one is promised: JSON has none for what lies beyond all numbers, which is 0 there.
+inline double jsonNumber(double value)
+{
+    return std::isfinite(value) ? value : 0.0;
+}
+
 inline Json jsonPoint(const AcGePoint3d& point)
 {
-    return Json::array({point.x, point.y, point.z});
+    return Json::array({jsonNumber(point.x), jsonNumber(point.y), jsonNumber(point.z)});
 }
 
 inline Json jsonVector(const AcGeVector3d& vector)
 {
-    return Json::array({vector.x, vector.y, vector.z});
+    return Json::array({jsonNumber(vector.x), jsonNumber(vector.y), jsonNumber(vector.z)});
 }
 
 /// The handle as hexadecimal text; "0" for none.

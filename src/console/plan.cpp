@@ -1,5 +1,6 @@
 #include "console/plan.h"
 
+#include "console/damage.h"
 #include "console/plan_table.h"
 #include "console/report_parts.h"
 #include "dbkit/symbol_block.h"
@@ -146,6 +147,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         noteForeign(report.notes, blocksBefore, codes);
     noteRows(report.notes, rows, codes, true);
     noteLostTexts(report.notes, codes, kTableCodes, "the code");
+    noteDamaged(report.notes, program.session());
     noteUnkept(report.notes, program.session());
     noteConversion(report.notes, options.common.drawing, database);
     noteIncomplete(report.notes, program.session());
@@ -153,7 +155,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");
     failWhenStrict(report.unreadable, options.strict);
-    program.session().saveCurrent(modulePath(options.output));
+    program.save(options.output);
     return report;
 }
 

@@ -1,5 +1,6 @@
 #include "console/program.h"
 
+#include "console/damage.h"
 #include "console/shown_text.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
@@ -83,6 +84,19 @@ void Program::command(std::u16string_view name)
 {
     if (!m_session.runCommand(name))
         throw Failure{"there is no command " + toUtf8(name)};
+    refuseDamage();
+}
+
+void Program::save(const std::string& path)
+{
+    refuseDamage();
+    m_session.saveCurrent(modulePath(path));
+}
+
+void Program::refuseDamage()
+{
+    if (const std::string damage = whatStopsTheWork(m_session); !damage.empty())
+        throw Failure{damage};
 }
 
 } // namespace console

@@ -51,8 +51,12 @@ public:
     void prepareFiles(const std::vector<std::u16string>& files);
     /// The same, but for those whose block the current drawing has already: they will not be read.
     void prepareSymbols(const std::vector<std::u16string>& files);
-    /// Runs a command by name; Failure when there is none.
+    /// Runs a command by name; Failure when there is none, or when it came upon damage.
     void command(std::u16string_view name);
+    /// Saves the current drawing; Failure when what was done rests on damage.
+    void save(const std::string& path);
+    /// Failure that tells of a value that is no number where the work so far rests on one: file, line and value.
+    void refuseDamage();
 
 private:
     files::FileReader m_reader;

@@ -1,6 +1,7 @@
 #include "console/report_parts.h"
 
 #include "console/lost_text.h"
+#include "console/rows_json.h"
 #include "console/spaces.h"
 #include "files/reader.h"
 #include "host/app/symbol_search.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <set>
+#include <sstream>
 
 namespace console
 {
@@ -87,6 +89,17 @@ void noteLayout(Notes& notes, AcDbDatabase& database)
         notes.push_back("the drawing was saved on the layout \"" + layout +
                         "\", not in model space: symbols go onto that layout, and objects near the sections cannot be "
                         "seen");
+}
+
+void noteScale(Notes& notes, const ItemReferenceLine& line)
+{
+    const AcDbObjectPointer<PlxDbAlignment> alignment{line.m_idAlignment};
+    if (!alignment || line.m_listCrossSections.empty() || isUsableScale(line.m_listCrossSections[0].m_dScale))
+        return;
+    std::ostringstream scale;
+    scale << alignment->scaleValue();
+    notes.push_back("the alignment \"" + toUtf8(line.m_strName) + "\" has the scale " + scale.str() +
+                    ": its sections cannot be drawn to scale");
 }
 
 void noteLabelLayer(Notes& notes, AcDbDatabase& database)

@@ -38,6 +38,9 @@ void noteIncomplete(Notes& notes, host::Session& session);
 /// The drawing was saved on a layout: where symbols go, and what is not seen.
 void noteLayout(Notes& notes, AcDbDatabase& database);
 
+/// The alignment has a scale that no section can be drawn in: 0, negative, or too large or small for a number.
+void noteScale(Notes& notes, const ItemReferenceLine& line);
+
 /// The layer that the settings choose for the name labels does not exist.
 void noteLabelLayer(Notes& notes, AcDbDatabase& database);
 

@@ -3,6 +3,7 @@
 #include "console/shown_text.h"
 #include "sections/database_cs.h"
 
+#include <cmath>
 #include <cstdio>
 
 namespace console
@@ -13,9 +14,10 @@ namespace
 
 Json symbolRow(const BlockData& row)
 {
-    return {{"name", toUtf8(row.m_strName)}, {"file", toUtf8(row.m_strFile)}, {"offset1", row.m_dOffset1},
-            {"offset2", row.m_dOffset2},     {"scaleX", row.m_dScaleX},       {"scaleY", row.m_dScaleY},
-            {"rotation", row.m_dRotation}};
+    return {{"name", toUtf8(row.m_strName)},          {"file", toUtf8(row.m_strFile)},
+            {"offset1", jsonNumber(row.m_dOffset1)},  {"offset2", jsonNumber(row.m_dOffset2)},
+            {"scaleX", jsonNumber(row.m_dScaleX)},    {"scaleY", jsonNumber(row.m_dScaleY)},
+            {"rotation", jsonNumber(row.m_dRotation)}};
 }
 
 Json nearbyRow(const BlockData& row)
@@ -27,8 +29,9 @@ Json nearbyRow(const BlockData& row)
 
 Json codeRow(const BlockFcode& row)
 {
-    return {{"code", toUtf8(row.m_strFcode)}, {"file", toUtf8(row.m_strFile)}, {"offset", row.m_dOffset},
-            {"scaleX", row.m_dScaleX},        {"scaleY", row.m_dScaleY},       {"rotation", row.m_dRotation}};
+    return {{"code", toUtf8(row.m_strFcode)},      {"file", toUtf8(row.m_strFile)},
+            {"offset", jsonNumber(row.m_dOffset)}, {"scaleX", jsonNumber(row.m_dScaleX)},
+            {"scaleY", jsonNumber(row.m_dScaleY)}, {"rotation", jsonNumber(row.m_dRotation)}};
 }
 
 Json planRow(const BlockFcode& row)
@@ -52,11 +55,11 @@ Json sectionJson(const CrossSectionXdata& section)
     return {{"name", toUtf8(section.m_strName)},
             {"center", jsonPoint(section.m_ptCenter)},
             {"direction", jsonVector(section.m_vecDir)},
-            {"extent1", section.m_dExtent1},
-            {"extent2", section.m_dExtent2},
+            {"extent1", jsonNumber(section.m_dExtent1)},
+            {"extent2", jsonNumber(section.m_dExtent2)},
             {"origin", jsonPoint(section.m_ptOrigin)},
             {"groundLine", handleText(section.m_idGroundLine)},
-            {"scale", section.m_dScale},
+            {"scale", isUsableScale(section.m_dScale) ? section.m_dScale : 0.0},
             {"nearby", listJson(section.m_listBlockData1, nearbyRow)},
             {"crossing", listJson(section.m_listBlockData2, symbolRow)},
             {"codes", listJson(section.m_listBlockFcode1, codeRow)},
@@ -84,6 +87,11 @@ std::string symbolText(const char* kind, const BlockData& row)
 }
 
 } // namespace
+
+bool isUsableScale(double scale)
+{
+    return std::isfinite(scale) && scale > 0.0;
+}
 
 Json rowsJson(const DatabaseCS& database, const std::string& drawing)
 {

@@ -9,6 +9,9 @@ struct DatabaseCS;
 namespace console
 {
 
+/// Whether a section's scale can be drawn in: a number above 0.
+bool isUsableScale(double scale);
+
 /// What the last scan found, as `scan --json` prints it. `drawing` is the path as the user gave it.
 Json rowsJson(const DatabaseCS& database, const std::string& drawing);
 

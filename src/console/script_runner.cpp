@@ -101,6 +101,7 @@ void ScriptRunner::play(const ScriptLine& line)
             throw Failure{"\"" + line.words.front() + "\" has to wait until the dialog is closed"};
         (this->*action->play)(words);
         m_program.session().runPending();
+        m_program.refuseDamage();
         tellSilentFailures(line.number);
     }
     catch (const std::exception& error)
@@ -149,9 +150,8 @@ void ScriptRunner::open(const Words& words)
 
 void ScriptRunner::save(const Words& words)
 {
-    const std::u16string path = words.empty() ? document().fileName() : modulePath(words[0]);
-    document();
-    m_program.session().saveCurrent(path);
+    const AcApDocument& saved = document();
+    m_program.save(words.empty() ? nativePath(saved.fileName()) : words[0]);
 }
 
 void ScriptRunner::close(const Words&)

@@ -36,6 +36,7 @@ DrawingStore FileReader::read(const std::string& path, Purpose purpose)
         throw FileError{path, outcome.reason};
     DrawingStore store = readDxf(textOf(std::move(outcome.dxf)), path, purpose);
     store.lost = std::move(outcome.lost);
+    store.hasLines = false;
     return store;
 }
 

@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr char16_t kLastByte = 0xFF;
+constexpr int kText = 1000; ///< a string of extended data, no name, bracket or layer
 
 /// The code as the drawing keeps it: the third item of its extended data.
 std::u16string storedCode(const AcDbObject& object)
@@ -20,7 +21,7 @@ std::u16string storedCode(const AcDbObject& object)
     const resbuf* item = data.get();
     for (int skipped = 0; item != nullptr && skipped < 2; ++skipped)
         item = item->rbnext;
-    if (item == nullptr || !isStringCode(item->restype) || item->resval.rstring == nullptr)
+    if (item == nullptr || item->restype != kText || item->resval.rstring == nullptr)
         return {};
     return item->resval.rstring;
 }

@@ -5,6 +5,7 @@
 #include "store/group_codes.h"
 
 #include <bit>
+#include <cmath>
 #include <cstring>
 
 namespace files
@@ -107,13 +108,22 @@ private:
         m_out.text(code, digits);
     }
 
+    /// What is no number stays none, for whoever reads it to find.
+    void writeReal(int code, double value)
+    {
+        if (std::isfinite(value))
+            m_out.real(code, value);
+        else
+            m_out.text(code, std::isnan(value) ? "nan" : value > 0.0 ? "inf" : "-inf");
+    }
+
     /// False behind the drawing's EOF.
     bool readValue(int code)
     {
         switch (dxf::kindOf(code))
         {
         case dxf::ValueKind::Real:
-            m_out.real(code, read<double>());
+            writeReal(code, read<double>());
             return true;
         case dxf::ValueKind::Int16:
             m_out.integer(code, read<int16_t>());

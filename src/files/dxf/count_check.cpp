@@ -1,6 +1,7 @@
 #include "files/dxf/count_check.h"
 
 #include "host/drawing/tags.h"
+#include "store/numbers.h"
 
 #include <array>
 #include <optional>
@@ -42,7 +43,7 @@ std::string checkVertices(std::string_view pairs)
         if (tag.code == kVertices.itemCode)
             ++found;
         else if (tag.code == kVertices.countCode && !said)
-            said = tag.integer();
+            said = dxf::readInteger(tag.value);
     return said && *said != found ? mismatch(kVertices, *said, found) : std::string{};
 }
 
@@ -72,7 +73,7 @@ private:
     bool take(const Tag& tag)
     {
         if (tag.code == kSections.countCode && !m_said)
-            m_said = tag.integer();
+            m_said = dxf::readInteger(tag.value);
         else if (tag.code == kSections.itemCode)
         {
             if (!finishSection())
@@ -81,7 +82,7 @@ private:
         }
         for (size_t i = 0; i < kSectionLists.size(); ++i)
             if (tag.code == kSectionLists[i].countCode)
-                m_expected[i] = tag.integer();
+                m_expected[i] = dxf::readInteger(tag.value);
             else if (tag.code == kSectionLists[i].itemCode && m_sections > 0)
                 ++m_found[i];
         return true;
@@ -91,8 +92,8 @@ private:
     {
         for (size_t i = 0; i < kSectionLists.size(); ++i)
         {
-            if (m_expected[i] != m_found[i])
-                m_wrong = mismatch(kSectionLists[i], m_expected[i], m_found[i]) + " in section record " +
+            if (m_expected[i] && *m_expected[i] != m_found[i])
+                m_wrong = mismatch(kSectionLists[i], *m_expected[i], m_found[i]) + " in section record " +
                           std::to_string(m_sections);
             m_expected[i] = m_found[i] = 0;
         }
@@ -101,7 +102,7 @@ private:
 
     std::optional<int64_t> m_said;
     int64_t m_sections = 0;
-    std::array<int64_t, 3> m_expected{};
+    std::array<std::optional<int64_t>, 3> m_expected{0, 0, 0}; ///< nothing for a count that is no number
     std::array<int64_t, 3> m_found{};
     std::string m_wrong;
 };

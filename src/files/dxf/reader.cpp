@@ -37,7 +37,10 @@ DrawingStore readDxf(FileText bytes, const std::string& path, DrawingReader::Pur
     FileText text = binary ? textOfBinaryDxf(bytes.view(), path) : bytes;
     DrawingStore store = DxfIndexer{path, std::move(text)}.run();
     if (binary)
+    {
         store.original = std::move(bytes);
+        store.hasLines = false;
+    }
     if (purpose == DrawingReader::Purpose::Drawing)
         requireVersion(store.version, path);
     return store;

@@ -2,6 +2,7 @@
 
 #include "disk/replace.h"
 #include "files/drawing_names.h"
+#include "files/error.h"
 #include "host/app/disk.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
@@ -141,6 +142,9 @@ void DrawingPieces::assemble(std::string_view file)
 void DxfWriter::write(AcDbDatabase& database, const std::string& path)
 {
     requireDrawingOutput(path);
+    if (!database.hasHandlesLeft())
+        throw FileError{path, "the drawing has no handles left for new objects: one of its objects has the last that "
+                              "there is, or one so near it that the new ones did not fit"};
     const DrawingPieces drawing{database};
     disk::replaceFile(path, drawing.pieces(), {.keepEarlier = true}, host::diskFaults());
 }

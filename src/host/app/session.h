@@ -5,6 +5,7 @@
 #include "host/app/ledger.h"
 #include "host/app/registry.h"
 #include "host/app/symbol_search.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/drawing_io.h"
 #include "host/ui/front_end.h"
 
@@ -81,6 +82,9 @@ public:
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
     std::vector<IncompleteFile>& incompleteFiles() { return m_incomplete; }
 
+    /// What the decoding of drawings found damaged. The programs ask after each command and before saving.
+    DamageLog& damage() { return m_damage; }
+
     /// Real paths of the files that could not be written, in order, for the programs to tell: whoever wrote them is
     /// silent.
     std::vector<std::string>& unwrittenFiles() { return m_unwritten; }
@@ -102,6 +106,7 @@ private:
     Faults* m_faults = &m_noFaults;
     AcEditor m_editor;
     AcEdCommandStack m_commands;
+    DamageLog m_damage; ///< drawings that are closed take theirs out of it
     AcApDocManager m_documents;
     EntryPoint m_entry = nullptr;
     std::string m_moduleFile;

@@ -52,7 +52,7 @@ private:
 std::string SectionRewriter::flags() const
 {
     TagWriter out;
-    out.integer(kFlags, m_sections[m_at].flags);
+    out.integer(kFlags, static_cast<int16_t>(m_sections[m_at].flags));
     return out.take();
 }
 

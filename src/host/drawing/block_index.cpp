@@ -1,7 +1,17 @@
 #include "host/drawing/block_index.h"
 
 #include "host/drawing/database.h"
+#include "host/drawing/pair_edit.h"
 #include "host/drawing/table_index.h"
+
+AcGePoint3d basePointOf(const Container& block)
+{
+    OwnPairs pairs{block.head->view()};
+    for (Tag tag; pairs.next(tag);)
+        if (tag.code == 10)
+            return pairs.pointFrom(tag);
+    return {};
+}
 
 void BlockIndex::load()
 {

@@ -3,6 +3,7 @@
 #include "host/drawing/object_id.h"
 #include "host/drawing/record.h"
 #include "host/drawing/store.h"
+#include "host/geometry/point3d.h"
 #include "host/name_map.h"
 
 #include <string>
@@ -10,6 +11,9 @@
 #include <vector>
 
 class AcDbDatabase;
+
+/// The point of a block that references put in place. DamagedValue when it cannot be read.
+AcGePoint3d basePointOf(const Container& block);
 
 /// Which entities stand in which block: the two sides of a block in a drawing file (its record in the table, its
 /// contents among the blocks or in the ENTITIES section) brought together.

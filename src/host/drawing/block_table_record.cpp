@@ -1,5 +1,6 @@
 #include "host/app/session.h"
 #include "host/drawing/block_index.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/new_block.h"
 #include "host/drawing/pair_edit.h"
@@ -68,11 +69,7 @@ AcGePoint3d AcDbBlockTableRecord::origin() const
     const Container* contents = database()->blocks().contents(getName());
     if (contents == nullptr)
         return {};
-    OwnPairs pairs{contents->head->view()};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 10)
-            return pairs.pointFrom(tag);
-    return {};
+    return host::readOf(*contents->head, [&] { return basePointOf(*contents); });
 }
 
 void AcDbBlockTableRecord::encode(TagWriter& out) const

@@ -3,11 +3,13 @@
 #include "host/companion/alignment.h"
 #include "host/companion/measure_point.h"
 #include "host/drawing/block_reference.h"
+#include "host/drawing/database.h"
 #include "host/drawing/dictionary.h"
 #include "host/drawing/polyline.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/text_entity.h"
 #include "host/drawing/viewport.h"
+#include "store/group_codes.h"
 
 #include <vector>
 
@@ -75,21 +77,34 @@ const std::vector<Known>& knownClasses()
     return list;
 }
 
-/// The first value of `code` in `pairs`, 0 when there is none.
-int64_t firstInteger(std::string_view pairs, int code)
+/// What a polyline or vertex says of itself: its flags, and whether a class marker before them makes it one in space.
+struct Sort
 {
+    int64_t flags = 0;
+    bool marked3d = false;
+};
+
+Sort sortOf(std::string_view pairs)
+{
+    Sort sort;
     TagReader reader{pairs};
-    Tag tag;
-    while (reader.next(tag))
-        if (tag.code == code)
-            return tag.integer();
-    return 0;
+    for (Tag tag; reader.next(tag);)
+        if (tag.code == dxf::kClassMarker)
+            sort.marked3d = sort.marked3d || tag.word().starts_with("AcDb3dPolyline");
+        else if (tag.code == 70)
+        {
+            sort.flags = tag.integerOr(0);
+            break;
+        }
+    return sort;
 }
 
 constexpr int kPolyline3d = 8;
 constexpr int kMesh = 16;
 constexpr int kPolyface = 64;
 constexpr int kVertex3d = 32;
+constexpr int kMeshVertex = 64;
+constexpr int kPolyfaceVertex = 128;
 
 } // namespace
 
@@ -101,20 +116,29 @@ const AcRxClass* classOfDxfName(std::string_view dxfName, bool isEntity)
     return isEntity ? AcDbEntity::desc() : AcDbObject::desc();
 }
 
-const AcRxClass* classOfPolyline(std::string_view pairs)
+const AcRxClass* classOfPolyline(const ObjectRecord& polyline)
 {
-    const int64_t flags = firstInteger(pairs, 70);
-    if ((flags & kPolyline3d) != 0)
+    const Sort own = sortOf(polyline.view());
+    if ((own.flags & kPolyline3d) != 0 || own.marked3d)
         return AcDb3dPolyline::desc();
-    return (flags & (kMesh | kPolyface)) != 0 ? AcDbVertexPolyline::desc() : AcDb2dPolyline::desc();
+    if ((own.flags & (kMesh | kPolyface)) != 0)
+        return AcDbVertexPolyline::desc();
+    const RecordPool& records = polyline.database->store().records;
+    const size_t next = size_t{polyline.order} + 1;
+    if (next >= records.size() || !records[next].has(ObjectRecord::kSubEntity))
+        return AcDb2dPolyline::desc();
+    const Sort vertex = sortOf(records[next].view());
+    return (vertex.flags & kVertex3d) != 0 || vertex.marked3d ? AcDb3dPolyline::desc() : AcDb2dPolyline::desc();
 }
 
-const AcRxClass* classOfVertex(std::string_view pairs)
+const AcRxClass* classOfVertex(const ObjectRecord& vertex, const ObjectRecord& polyline)
 {
-    const int64_t flags = firstInteger(pairs, 70);
-    if ((flags & kVertex3d) != 0)
+    const Sort own = sortOf(vertex.view());
+    if ((own.flags & kVertex3d) != 0 || own.marked3d)
         return AcDb3dPolylineVertex::desc();
-    return (flags & (kMesh << 2 | 128)) != 0 ? AcDbVertex::desc() : AcDb2dVertex::desc();
+    if ((own.flags & (kMeshVertex | kPolyfaceVertex)) != 0)
+        return AcDbVertex::desc();
+    return classOfPolyline(polyline) == AcDb3dPolyline::desc() ? AcDb3dPolylineVertex::desc() : AcDb2dVertex::desc();
 }
 
 std::unique_ptr<AcDbObject> makeObject(const AcRxClass* kind)

@@ -1,8 +1,10 @@
 #include "host/drawing/entity_curves.h"
 
+#include "host/drawing/classes.h"
 #include "host/drawing/curve_readers.h"
 #include "host/drawing/database.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/polyline.h"
 
 #include <array>
 #include <numbers>
@@ -10,23 +12,23 @@
 namespace
 {
 
-double radians(const Tag& tag)
-{
-    return tag.real() * std::numbers::pi / 180.0;
-}
-
-/// What the pairs of a simple curve say, by group code.
+/// What the pairs of a simple curve say, by group code. Single numbers are decoded when asked for: kinds use some.
 struct CurveValues
 {
-    std::array<AcGePoint3d, 4> points;                         ///< 10 to 13
-    unsigned given = 0;                                        ///< a bit for each point that is there
-    AcGePoint3dArray vertices;                                 ///< every 10
-    double radius = 0.0;                                       ///< 40
-    std::array<double, 2> params{0.0, 2.0 * std::numbers::pi}; ///< 41, 42
-    std::array<double, 2> angles{0.0, 0.0};                    ///< 50, 51
+    std::array<AcGePoint3d, 4> points;          ///< 10 to 13
+    unsigned given = 0;                         ///< a bit for each point that is there
+    AcGePoint3dArray vertices;                  ///< every 10
+    std::array<std::optional<Tag>, 12> numbers; ///< 40 to 51
     AcGeVector3d normal = AcGeVector3d::kZAxis;
 
     bool has(int point) const { return (given & (1U << point)) != 0; }
+    double number(int code, double fallback = 0.0) const
+    {
+        const std::optional<Tag>& tag = numbers[static_cast<size_t>(code - kFirstNumber)];
+        return tag ? tag->real() : fallback;
+    }
+    double angle(int code) const { return number(code) * std::numbers::pi / 180.0; }
+    static constexpr int kFirstNumber = 40;
     explicit CurveValues(std::string_view text);
 };
 
@@ -42,12 +44,8 @@ CurveValues::CurveValues(std::string_view text)
             if (index == 0)
                 vertices.push_back(points[0]);
         }
-        else if (tag.code == 40)
-            radius = tag.real();
-        else if (tag.code == 41 || tag.code == 42)
-            params[static_cast<size_t>(tag.code - 41)] = tag.real();
-        else if (tag.code == 50 || tag.code == 51)
-            angles[static_cast<size_t>(tag.code - 50)] = radians(tag);
+        else if (tag.code >= kFirstNumber && tag.code < kFirstNumber + static_cast<int>(numbers.size()))
+            numbers[static_cast<size_t>(tag.code - kFirstNumber)] = tag;
         else if (tag.code == 210)
             normal = pairs.pointFrom(tag).asVector();
 }
@@ -69,19 +67,20 @@ Curves point(std::string_view pairs)
 Curves circle(std::string_view pairs)
 {
     const CurveValues v{pairs};
-    return {CurvePath::circle(v.points[0], v.radius, v.normal)};
+    return {CurvePath::circle(v.points[0], v.number(40), v.normal)};
 }
 
 Curves arc(std::string_view pairs)
 {
     const CurveValues v{pairs};
-    return {CurvePath::arc(v.points[0], v.radius, v.angles[0], v.angles[1], v.normal)};
+    return {CurvePath::arc(v.points[0], v.number(40), v.angle(50), v.angle(51), v.normal)};
 }
 
 Curves ellipseOf(std::string_view pairs)
 {
     const CurveValues v{pairs};
-    return {ellipse(v.points[0], v.points[1].asVector(), v.radius, v.params[0], v.params[1], v.normal)};
+    return {ellipse(v.points[0], v.points[1].asVector(), v.number(40), v.number(41),
+                    v.number(42, 2.0 * std::numbers::pi), v.normal)};
 }
 
 Curves lightweightPolyline(std::string_view pairs)
@@ -227,11 +226,11 @@ bool readLightweightPolyline(std::string_view text, CurvePath& shape)
 CurvePath readVertexPolyline(ObjectRecord& polyline)
 {
     constexpr int kClosed = 1;
-    constexpr int kInSpace = 8;
     constexpr int kMesh = 16 | 64;
     const PolylineHead head = readPolylineHead(polyline.view());
     if ((head.flags & kMesh) != 0)
         return {};
+    const bool inSpace = classOfPolyline(polyline) == AcDb3dPolyline::desc();
     std::vector<PathVertex> vertices;
     AcGePoint3dArray points;
     for (const ObjectRecord* part : subEntitiesOf(polyline))
@@ -241,14 +240,14 @@ CurvePath readVertexPolyline(ObjectRecord& polyline)
         const VertexValues vertex = readVertex(part->view());
         if (!belongsToShape(head.flags, vertex.flags))
             continue;
-        if ((head.flags & kInSpace) != 0)
+        if (inSpace)
             points.push_back(vertex.point);
         else
             vertices.push_back({vertex.point.x, vertex.point.y, vertex.bulge});
     }
     const bool closed = (head.flags & kClosed) != 0;
-    return (head.flags & kInSpace) != 0 ? CurvePath::space(points, closed)
-                                        : CurvePath::plane(std::move(vertices), closed, head.elevation, head.normal);
+    return inSpace ? CurvePath::space(points, closed)
+                   : CurvePath::plane(std::move(vertices), closed, head.elevation, head.normal);
 }
 
 CurvePath ellipse(const AcGePoint3d& center, const AcGeVector3d& longAxis, double ratio, double from, double to,

@@ -4,6 +4,7 @@
 #include "host/app/session.h"
 #include "host/drawing/block_index.h"
 #include "host/drawing/classes.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/dictionary.h"
 #include "host/drawing/handle_table.h"
 #include "host/drawing/header_variables.h"
@@ -11,6 +12,7 @@
 #include "host/drawing/resident_cache.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -67,6 +69,8 @@ AcDbDatabase::AcDbDatabase(bool, bool)
 
 AcDbDatabase::~AcDbDatabase()
 {
+    if (host::Session::hasCurrent())
+        host::Session::current().damage().forget(*this);
     const std::vector<AcDbDatabaseReactor*> reactors = m_reactors;
     for (AcDbDatabaseReactor* reactor : reactors)
         reactor->goodbye(this);
@@ -90,9 +94,10 @@ void AcDbDatabase::adopt(DrawingStore store)
         record.database = this;
         highest = std::max(highest, record.handle);
     }
-    Tag seed;
-    seed.value = m_header->word("$HANDSEED");
-    m_nextHandle = std::max(highest + 1, seed.handle());
+    // A seed so near the end of all handles that a day's work could reach it is of no use.
+    constexpr uint64_t kHighestSeed = kNoHandleLeft - (uint64_t{1} << 32);
+    const uint64_t seed = dxf::readHandle(m_header->word("$HANDSEED")).value_or(0);
+    m_nextHandle = std::max(highest == kNoHandleLeft ? highest : highest + 1, seed <= kHighestSeed ? seed : 0);
 }
 
 Acad::ErrorStatus AcDbDatabase::readDwgFile(const char16_t* path, DwgShareMode, bool, const char16_t*)
@@ -139,48 +144,50 @@ AcDbObjectId AcDbDatabase::clayer()
 
 bool AcDbDatabase::tilemode()
 {
-    return m_header->integer("$TILEMODE", 1) != 0;
+    return m_header->integerOr("$TILEMODE", 1) != 0;
 }
 
 AcGePoint3d AcDbDatabase::ucsorg()
 {
-    return m_header->point("$UCSORG", {});
+    return headerPoint("$UCSORG", {});
 }
 
 AcGePoint3d AcDbDatabase::pucsorg()
 {
-    return m_header->point("$PUCSORG", {});
+    return headerPoint("$PUCSORG", {});
 }
 
-namespace
+AcGePoint3d AcDbDatabase::headerPoint(const std::string& name, const AcGePoint3d& fallback)
 {
-
-AcGeVector3d axis(HeaderVariables& header, const std::string& name, const AcGePoint3d& fallback)
-{
-    const AcGePoint3d value = header.point(name, fallback);
-    return {value.x, value.y, value.z};
+    try
+    {
+        return m_header->point(name, fallback);
+    }
+    catch (const DamagedValue& damage)
+    {
+        host::noteHeaderDamage(*this, damage);
+        return fallback;
+    }
 }
-
-} // namespace
 
 AcGeVector3d AcDbDatabase::ucsxdir()
 {
-    return axis(*m_header, "$UCSXDIR", {1.0, 0.0, 0.0});
+    return headerPoint("$UCSXDIR", {1.0, 0.0, 0.0}).asVector();
 }
 
 AcGeVector3d AcDbDatabase::ucsydir()
 {
-    return axis(*m_header, "$UCSYDIR", {0.0, 1.0, 0.0});
+    return headerPoint("$UCSYDIR", {0.0, 1.0, 0.0}).asVector();
 }
 
 AcGeVector3d AcDbDatabase::pucsxdir()
 {
-    return axis(*m_header, "$PUCSXDIR", {1.0, 0.0, 0.0});
+    return headerPoint("$PUCSXDIR", {1.0, 0.0, 0.0}).asVector();
 }
 
 AcGeVector3d AcDbDatabase::pucsydir()
 {
-    return axis(*m_header, "$PUCSYDIR", {0.0, 1.0, 0.0});
+    return headerPoint("$PUCSYDIR", {0.0, 1.0, 0.0}).asVector();
 }
 
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle)
@@ -247,7 +254,12 @@ ObjectRecord& AcDbDatabase::take(AcDbObject& object, uint32_t container, uint64_
 
 uint64_t AcDbDatabase::takeHandle()
 {
-    return m_nextHandle++;
+    if (m_nextHandle != kNoHandleLeft)
+        return m_nextHandle++;
+    do
+        ++m_spareHandle;
+    while (m_handles->find(m_spareHandle) != nullptr);
+    return m_spareHandle;
 }
 
 void AcDbDatabase::noteChange(ObjectRecord& record)
@@ -302,6 +314,18 @@ bool AcDbDatabase::isModified() const
            !m_header->edits().empty();
 }
 
+/// The entity that a sub-entity belongs to. Asked for one part after the other, it looks back one step at a time.
+const ObjectRecord& AcDbDatabase::headOf(const ObjectRecord& part)
+{
+    size_t at = part.order;
+    while (at > 0 && m_store.records[at].has(ObjectRecord::kSubEntity) && at != m_lastPart)
+        --at;
+    if (at != m_lastPart)
+        m_lastHead = static_cast<uint32_t>(at);
+    m_lastPart = part.order;
+    return m_store.records[m_lastHead];
+}
+
 const AcRxClass* AcDbDatabase::classOf(const ObjectRecord& record)
 {
     if (record.resident != nullptr)
@@ -315,8 +339,8 @@ const AcRxClass* AcDbDatabase::classOf(const ObjectRecord& record)
     if (known == nullptr)
         known = classOfDxfName(m_store.kinds[record.kind], hasLayer(container));
     if (known == AcDbVertexPolyline::desc())
-        return classOfPolyline(record.view());
-    return known == AcDbVertex::desc() ? classOfVertex(record.view()) : known;
+        return classOfPolyline(record);
+    return known == AcDbVertex::desc() ? classOfVertex(record, headOf(record)) : known;
 }
 
 std::string_view AcDbDatabase::dxfNameOf(const ObjectRecord& record) const
@@ -329,9 +353,13 @@ std::unique_ptr<AcDbObject> AcDbDatabase::load(ObjectRecord& record)
     std::unique_ptr<AcDbObject> object = makeObject(classOf(record));
     object->m_record = &record;
     object->m_fresh = false;
-    TagReader pairs{record.view()};
-    object->decode(pairs);
-    return object->m_damaged ? nullptr : std::move(object);
+    const auto decoded = [&]
+    {
+        TagReader pairs{record.view()};
+        object->decode(pairs);
+        return !object->m_damaged;
+    };
+    return host::readOf(record, decoded) ? std::move(object) : nullptr;
 }
 
 bool AcDbDatabase::isOnLockedLayer(const ObjectRecord& record)

@@ -109,8 +109,12 @@ public:
     bool isEnd(const ObjectRecord& record) const;
     /// Erases a record or brings it back, with the sub-entities that follow it.
     void setErased(ObjectRecord& record, bool erased);
+    /// A handle that nothing in the drawing has. Of a drawing without handles left (`hasHandlesLeft`) it is one that
+    /// cannot be saved.
     uint64_t takeHandle();
     uint64_t nextHandle() const { return m_nextHandle; }
+    /// Whether all handles that were taken lie below one that is free, as a saved drawing has to say.
+    bool hasHandlesLeft() const { return m_spareHandle == 0; }
 
     /// A record that was changed, erased or added since the file was read, and where it stood in the file's text (empty
     /// for an added one).
@@ -137,7 +141,9 @@ private:
     void noteChange(ObjectRecord& record);
     ObjectRecord& makeRecord(uint32_t container, std::string_view dxfName);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);
+    const ObjectRecord& headOf(const ObjectRecord& part);
     bool isOnLockedLayer(const ObjectRecord& record);
+    AcGePoint3d headerPoint(const std::string& name, const AcGePoint3d& fallback);
 
     DrawingStore m_store;
     std::u16string m_symbolPath; ///< what `readDwgFile` was asked for
@@ -152,7 +158,11 @@ private:
     std::vector<AcDbDatabaseReactor*> m_reactors;
     RecordPool m_danglingPool;
     std::unordered_map<uint64_t, ObjectRecord*> m_dangling;
+    uint32_t m_lastPart = UINT32_MAX; ///< the sub-entity whose head was asked for last
+    uint32_t m_lastHead = 0;
+    static constexpr uint64_t kNoHandleLeft = UINT64_MAX;
     uint64_t m_nextHandle = 1;
+    uint64_t m_spareHandle = 0; ///< the last handle taken from below, once there was none above
 };
 
 /// Hears what happens to a database. Every notification does nothing unless overridden.

@@ -1,6 +1,7 @@
 #include "host/drawing/entity.h"
 
 #include "host/app/host_services.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity_curves.h"
 #include "host/drawing/pair_edit.h"
@@ -170,7 +171,7 @@ int AcDbEntity::colorIndex() const
     OwnPairs own{pairs()};
     for (Tag tag; own.next(tag);)
         if (tag.code == dxf::kColor)
-            return static_cast<int>(std::clamp<int64_t>(tag.integer(), 0, kByLayer));
+            return static_cast<int>(std::clamp<int64_t>(tag.integerOr(kByLayer), 0, kByLayer));
     return kByLayer;
 }
 
@@ -231,7 +232,10 @@ void AcDbEntity::addIntersections(const AcDbEntity& other, AcGePoint3dArray& poi
 
 std::vector<CurvePath> AcDbEntity::curves() const
 {
-    return isFresh() ? std::vector<CurvePath>{} : curvesOfEntity(*objectId().record());
+    if (isFresh())
+        return {};
+    ObjectRecord& record = *objectId().record();
+    return host::readOf(record, [&] { return curvesOfEntity(record); });
 }
 
 void AcDbEntity::addExtents(AcGeExtents& extents) const
@@ -239,8 +243,9 @@ void AcDbEntity::addExtents(AcGeExtents& extents) const
     AcGeExtents own;
     for (const CurvePath& curve : curves())
         own.addExtents(curve.extents());
-    if (AcGePoint3d point; !own.isValid() && !isFresh() && readInsertionPoint(pairs(), point))
-        own.addPoint(point);
+    if (!own.isValid() && !isFresh())
+        if (const auto point = host::readOf(*objectId().record(), [this] { return readInsertionPoint(pairs()); }))
+            own.addPoint(*point);
     extents.addExtents(own);
 }
 

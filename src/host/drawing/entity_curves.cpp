@@ -2,6 +2,7 @@
 
 #include "host/drawing/block_index.h"
 #include "host/drawing/curve_readers.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/insert_placement.h"
 #include "host/drawing/pair_edit.h"
@@ -22,6 +23,7 @@ public:
     std::vector<CurvePath> take() { return std::move(m_curves); }
 
 private:
+    void addInside(ObjectRecord& entity, const AcGeMatrix3d& placed);
     void addReference(ObjectRecord& reference, const AcGeMatrix3d& placed);
     void addDimension(ObjectRecord& dimension, const AcGeMatrix3d& placed);
     void addContents(AcDbDatabase& drawing, const std::u16string& block, const std::vector<AcGeMatrix3d>& places);
@@ -31,15 +33,6 @@ private:
     std::vector<const Container*> m_open; ///< the blocks that stand around the entity at hand
     size_t m_visited = 0;
 };
-
-AcGePoint3d basePointOf(const Container& block)
-{
-    OwnPairs pairs{block.head->view()};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 10)
-            return pairs.pointFrom(tag);
-    return {};
-}
 
 void BlockCurves::addPlaced(const CurvePath& curve, const AcGeMatrix3d& placed)
 {
@@ -63,6 +56,19 @@ void BlockCurves::add(ObjectRecord& entity, const AcGeMatrix3d& placed)
     }
     for (const CurvePath& curve : curvesOfPairs(kind, entity.view()))
         addPlaced(curve, placed);
+}
+
+/// What is damaged inside a block draws nothing.
+void BlockCurves::addInside(ObjectRecord& entity, const AcGeMatrix3d& placed)
+{
+    try
+    {
+        add(entity, placed);
+    }
+    catch (const DamagedValue& damage)
+    {
+        host::noteDamage(entity, damage);
+    }
 }
 
 void BlockCurves::addReference(ObjectRecord& reference, const AcGeMatrix3d& placed)
@@ -92,12 +98,15 @@ void BlockCurves::addContents(AcDbDatabase& drawing, const std::u16string& block
         std::find(m_open.begin(), m_open.end(), contents) != m_open.end())
         return;
     const auto index = static_cast<uint32_t>(contents - drawing.store().containers.data());
-    const AcGePoint3d base = basePointOf(*contents);
+    const host::InPassing inPassing;
+    const auto base = host::readOf(*contents->head, [&] { return std::optional{basePointOf(*contents)}; });
+    if (!base)
+        return;
     const AcDbObjectIdArray entities = drawing.blocks().entitiesIn(index, false);
     m_open.push_back(contents);
     for (const AcGeMatrix3d& place : places)
         for (const AcDbObjectId id : entities)
-            add(*id.record(), place * AcGeMatrix3d::translation(AcGePoint3d::kOrigin - base));
+            addInside(*id.record(), place * AcGeMatrix3d::translation(AcGePoint3d::kOrigin - *base));
     m_open.pop_back();
 }
 
@@ -125,22 +134,17 @@ std::vector<ObjectRecord*> subEntitiesOf(const ObjectRecord& record)
     return parts;
 }
 
-bool readInsertionPoint(std::string_view text, AcGePoint3d& point)
+std::optional<AcGePoint3d> readInsertionPoint(std::string_view text)
 {
     OwnPairs pairs{text};
     AcGeVector3d normal = AcGeVector3d::kZAxis;
-    bool found = false;
+    std::optional<AcGePoint3d> point;
     for (Tag tag; pairs.next(tag);)
     {
-        if (tag.code == 10 && !found)
-        {
+        if (tag.code == 10 && !point)
             point = pairs.pointFrom(tag);
-            found = true;
-        }
         else if (tag.code == 210)
             normal = pairs.pointFrom(tag).asVector();
     }
-    if (found)
-        point = AcGeMatrix3d::planeToWorld(normal) * point;
-    return found;
+    return point ? std::optional{AcGeMatrix3d::planeToWorld(normal) * *point} : std::nullopt;
 }

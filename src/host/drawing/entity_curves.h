@@ -2,14 +2,16 @@
 
 #include "host/geometry/curve_path.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
 struct ObjectRecord;
 
 /// What entities draw, read straight from their pairs, in world coordinates; no object is opened. Texts and kinds
-/// without curves give none. Neither damaged pairs nor blocks that contain each other do harm: what cannot be made out
-/// draws nothing, and a block inside itself, nested too deep or multiplied beyond a million curves ends there.
+/// without curves give none. Blocks that contain each other do no harm: a block inside itself, nested too deep or
+/// multiplied beyond a million curves ends there. A number that cannot be read is a DamagedValue; inside a block what
+/// holds one draws nothing, and is noted.
 
 /// Curves of an entity of `kind` (its name in drawing files) that stands alone: no block reference, no polyline with
 /// vertices of its own.
@@ -29,4 +31,4 @@ CurvePath readVertexPolyline(ObjectRecord& polyline);
 std::vector<ObjectRecord*> subEntitiesOf(const ObjectRecord& record);
 
 /// Where an entity without curves stands: its first point (10), from its own plane into the world.
-bool readInsertionPoint(std::string_view pairs, AcGePoint3d& point);
+std::optional<AcGePoint3d> readInsertionPoint(std::string_view pairs);

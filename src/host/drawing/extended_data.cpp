@@ -8,6 +8,7 @@
 #include "host/drawing/tags.h"
 #include "host/text.h"
 #include "store/group_codes.h"
+#include "store/numbers.h"
 
 namespace
 {
@@ -86,6 +87,23 @@ std::string withoutXData(std::string_view pairs, std::u16string_view application
     return rest;
 }
 
+namespace
+{
+
+AcGePoint3d pointOrOrigin(TagReader& reader, const Tag& x)
+{
+    try
+    {
+        return reader.pointFrom(x);
+    }
+    catch (const DamagedValue&)
+    {
+        return {};
+    }
+}
+
+} // namespace
+
 resbuf* chainFromPairs(std::string_view pairs, const TextEncoding& encoding)
 {
     resbuf* head = nullptr;
@@ -102,17 +120,17 @@ resbuf* chainFromPairs(std::string_view pairs, const TextEncoding& encoding)
             continue;
         if (kind == NodeKind::Point)
         {
-            const AcGePoint3d point = reader.pointFrom(tag);
+            const AcGePoint3d point = pointOrOrigin(reader, tag);
             node->resval.rpoint[0] = point.x;
             node->resval.rpoint[1] = point.y;
             node->resval.rpoint[2] = point.z;
         }
         else if (kind == NodeKind::Real)
-            node->resval.rreal = tag.real();
+            node->resval.rreal = dxf::readReal(tag.value).value_or(0.0);
         else if (kind == NodeKind::Short)
-            node->resval.rint = static_cast<int16_t>(tag.integer());
+            node->resval.rint = static_cast<int16_t>(tag.integerOr(0));
         else if (kind == NodeKind::Long)
-            node->resval.rlong = static_cast<int32_t>(tag.integer());
+            node->resval.rlong = static_cast<int32_t>(tag.integerOr(0));
         else
             node->resval.rstring = acutNewString(encoding.decode(tag.value).c_str());
         *link = node;

@@ -16,6 +16,6 @@ std::string_view findXData(std::string_view pairs, std::u16string_view applicati
 std::string withoutXData(std::string_view pairs, std::u16string_view application, const TextEncoding& encoding);
 
 /// Extended data (or the values of an xrecord) as a chain of the host's, and back. What a chain cannot hold is left
-/// out. Null for no pairs.
+/// out; a number that cannot be read counts as 0, since only texts are read from chains. Null for no pairs.
 resbuf* chainFromPairs(std::string_view pairs, const TextEncoding& encoding);
 std::string pairsFromChain(const resbuf* chain, const TextEncoding& encoding);

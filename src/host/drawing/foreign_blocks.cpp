@@ -30,7 +30,7 @@ bool isExternal(const Container& block)
     constexpr int kExternal = 4 | 8;
     Tag flags;
     flags.value = firstWord(*block.head, 70);
-    return (flags.integer() & kExternal) != 0;
+    return (flags.integerOr(0) & kExternal) != 0;
 }
 
 } // namespace

@@ -49,15 +49,27 @@ void ForeignNames::make(std::string_view table, const std::u16string& name, uint
 {
     const ObjectRecord* original = m_source.tables().find(table, name);
     const std::string_view pairs = original != nullptr ? original->view() : std::string_view{};
+    TagWriter out;
+    if (m_onTrial)
+    {
+        if (m_tried.emplace(table, name).second)
+            write(out, table, pairs);
+        return;
+    }
     ObjectRecord& record = m_target.addRecord(container, table);
     m_target.tables().add(table, name, record);
-    TagWriter out;
     out.text(0, table);
     out.handle(table == "DIMSTYLE" ? 105 : 5, record.handle);
     out.handle(330, m_target.tables().table(table)->handle);
     out.text(100, "AcDbSymbolTableRecord");
     out.text(100, markerOf(table));
     out.text(2, m_target.encoding().encode(name));
+    write(out, table, pairs);
+    m_target.setRecordText(record, out.view());
+}
+
+void ForeignNames::write(TagWriter& out, std::string_view table, std::string_view pairs)
+{
     if (table == "LAYER")
         writeLayer(out, pairs);
     else if (table == "LTYPE")
@@ -68,7 +80,6 @@ void ForeignNames::make(std::string_view table, const std::u16string& name, uint
         writeDimensionStyle(out, pairs);
     else
         out.integer(70, 0);
-    m_target.setRecordText(record, out.view());
 }
 
 void ForeignNames::writeLayer(TagWriter& out, std::string_view pairs)

@@ -2,6 +2,7 @@
 
 #include "host/drawing/foreign_pairs.h"
 
+#include <set>
 #include <string>
 
 /// Sees to it that what entities from another drawing name exists in the drawing they go to: layers, linetypes, text
@@ -10,13 +11,19 @@
 class ForeignNames
 {
 public:
-    ForeignNames(AcDbDatabase& source, AcDbDatabase& target) : m_source{source}, m_target{target} {}
+    /// On trial nothing is brought along, only read as if it were.
+    ForeignNames(AcDbDatabase& source, AcDbDatabase& target, bool onTrial = false)
+        : m_source{source}, m_target{target}, m_onTrial{onTrial}
+    {
+    }
 
     /// `table` as in drawing files: LAYER, LTYPE, STYLE, DIMSTYLE or APPID. Answers the name as the target spells it.
+    /// DamagedValue when a number in the source's record is none: on trial, or half-way.
     std::string use(std::string_view table, const std::u16string& name);
 
 private:
     void make(std::string_view table, const std::u16string& name, uint32_t container);
+    void write(TagWriter& out, std::string_view table, std::string_view pairs);
     void writeLayer(TagWriter& out, std::string_view pairs);
     void writeLinetype(TagWriter& out, std::string_view pairs) const;
     void writeStyle(TagWriter& out, std::string_view pairs);
@@ -24,4 +31,6 @@ private:
 
     AcDbDatabase& m_source;
     AcDbDatabase& m_target;
+    bool m_onTrial;
+    std::set<std::pair<std::string, std::u16string>> m_tried;
 };

@@ -4,19 +4,16 @@
 #include "store/group_codes.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace
 {
 
+/// Whether the text is a number as every reader knows it, without the forms that only ours takes.
 template <class Number>
-bool isWhole(std::string_view text)
+bool isPlain(std::string_view text)
 {
     Number number{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if constexpr (std::is_floating_point_v<Number>)
-        if (!std::isfinite(number))
-            return false;
     return error == std::errc{} && end == text.data() + text.size();
 }
 
@@ -33,13 +30,19 @@ std::string lastLine(TagWriter& out)
 std::string ForeignPairs::value(const Tag& tag) const
 {
     TagWriter out;
-    if (dxf::isReal(tag.code) && !isWhole<double>(tag.word()))
+    if (dxf::isReal(tag.code))
     {
-        out.real(tag.code, tag.real());
+        const double number = tag.real();
+        if (isPlain<double>(tag.word()))
+            return std::string{tag.word()};
+        out.real(tag.code, number);
         return lastLine(out);
     }
-    if (dxf::isInteger(tag.code) && !isWhole<int64_t>(tag.word()))
-        return std::to_string(tag.integer());
+    if (dxf::isInteger(tag.code))
+    {
+        const int64_t number = tag.integer();
+        return isPlain<int64_t>(tag.word()) ? std::string{tag.word()} : std::to_string(number);
+    }
     if (dxf::isText(tag.code))
         return m_target.encoding().encode(m_source.encoding().decode(tag.value));
     return std::string{tag.word()};

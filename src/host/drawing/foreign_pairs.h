@@ -15,7 +15,8 @@ struct CarriedPair
     std::string value;
 };
 
-/// Carries single values from one drawing to another: texts are encoded anew, numbers that are none become some.
+/// Carries single values from one drawing to another: texts are encoded anew, numbers written so that every
+/// reader takes them; a DamagedValue is thrown where one is none.
 class ForeignPairs
 {
 public:

@@ -54,16 +54,10 @@ std::string_view HeaderVariables::word(const std::string& name, std::string_view
     return tag ? tag->word() : fallback;
 }
 
-double HeaderVariables::real(const std::string& name, double fallback)
+int64_t HeaderVariables::integerOr(const std::string& name, int64_t fallback)
 {
     const auto tag = firstTag(pairs(name));
-    return tag ? tag->real() : fallback;
-}
-
-int64_t HeaderVariables::integer(const std::string& name, int64_t fallback)
-{
-    const auto tag = firstTag(pairs(name));
-    return tag ? tag->integer() : fallback;
+    return tag ? tag->integerOr(fallback) : fallback;
 }
 
 AcGePoint3d HeaderVariables::point(const std::string& name, const AcGePoint3d& fallback)

@@ -15,10 +15,10 @@ public:
 
     /// The pairs of a variable's value ("$CLAYER"), without its name; empty when there is none.
     std::string_view pairs(const std::string& name);
-    /// First value of the variable as text, number or point; the fallback when there is none.
+    /// First value of the variable as text, number or point; the fallback when there is none. A number that cannot be
+    /// read counts as none, in a point it is a DamagedValue.
     std::string_view word(const std::string& name, std::string_view fallback = {});
-    double real(const std::string& name, double fallback);
-    int64_t integer(const std::string& name, int64_t fallback);
+    int64_t integerOr(const std::string& name, int64_t fallback);
     AcGePoint3d point(const std::string& name, const AcGePoint3d& fallback);
 
     /// Gives a variable a new value (whole pairs, without its name).

@@ -1,5 +1,6 @@
 #include "host/app/session.h"
 #include "host/drawing/block_index.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity_curves.h"
 #include "host/drawing/foreign_blocks.h"
@@ -23,8 +24,8 @@ constexpr int kR13 = 1012;
 class BlockCarrier
 {
 public:
-    BlockCarrier(AcDbDatabase& source, AcDbDatabase& target, const ForeignBlocks& blocks)
-        : m_source{source}, m_target{target}, m_blocks{blocks}, m_names{source, target},
+    BlockCarrier(AcDbDatabase& source, AcDbDatabase& target, const ForeignBlocks& blocks, bool onTrial = false)
+        : m_source{source}, m_target{target}, m_blocks{blocks}, m_names{source, target, onTrial},
           m_values{source, target, m_names}, m_entity{m_values}
     {
     }
@@ -33,6 +34,8 @@ public:
     void name(uint32_t block);
     /// Makes the definition `name` of what stands in a container of the source.
     ObjectRecord& carry(uint32_t block, const std::u16string& name, const AcGePoint3d& base);
+    /// Reads all that carrying a container would read; DamagedValue when a number in it is none.
+    void tryOut(uint32_t block);
     /// Makes the definition of a block that was given a name.
     void carry(uint32_t block);
     /// The entities that were left behind.
@@ -57,15 +60,6 @@ private:
 std::u16string nameOfBlock(const AcDbDatabase& drawing, uint32_t block)
 {
     return drawing.encoding().decode(drawing.store().containers[block].name);
-}
-
-AcGePoint3d basePointOf(const Container& block)
-{
-    OwnPairs pairs{block.head->view()};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 10)
-            return pairs.pointFrom(tag);
-    return {};
 }
 
 /// Names with a star belong to the drawing they stand in.
@@ -106,6 +100,23 @@ ObjectRecord& BlockCarrier::carry(uint32_t block, const std::u16string& name, co
     for (const AcDbObjectId id : m_source.blocks().entitiesIn(block, false))
         carryEntity(*id.record(), container, record.handle);
     return record;
+}
+
+void BlockCarrier::tryOut(uint32_t block)
+{
+    if (block != m_blocks.modelSpace())
+        basePointOf(m_source.store().containers[block]);
+    const auto tryOutRecord = [this](const ObjectRecord& record)
+    {
+        if (const std::string_view kind = m_source.dxfNameOf(record); isCarriedKind(kind))
+            m_entity.write(kind, record.view(), 0, 0, {}, true);
+    };
+    for (const AcDbObjectId id : m_source.blocks().entitiesIn(block, false))
+    {
+        tryOutRecord(*id.record());
+        for (const ObjectRecord* part : subEntitiesOf(*id.record()))
+            tryOutRecord(*part);
+    }
 }
 
 void BlockCarrier::carryEntity(ObjectRecord& entity, uint32_t container, uint64_t owner)
@@ -208,7 +219,15 @@ std::string reasonOf(Acad::ErrorStatus status)
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source, bool)
 {
     std::string damage;
-    const Acad::ErrorStatus status = insertModelSpace(blockId, name, source, damage);
+    Acad::ErrorStatus status = Acad::eFilerError;
+    try
+    {
+        status = insertModelSpace(blockId, name, source, damage);
+    }
+    catch (const DamagedValue& found)
+    {
+        damage = host::placeOf(source->store(), found.tag) + host::textOf(found.tag);
+    }
     if (status != Acad::eOk && source != nullptr && host::Session::hasCurrent() && !source->m_symbolPath.empty())
         host::Session::current().unreadableFiles().push_back(
             {source->m_symbolPath, damage.empty() ? reasonOf(status) : damage});
@@ -244,13 +263,17 @@ Acad::ErrorStatus AcDbDatabase::insertModelSpace(AcDbObjectId& blockId, const ch
         damage = whyUnsoundBlock(*source, needed[i]);
     if (!damage.empty())
         return Acad::eFilerError;
+    const AcGePoint3d base = source->header().point("$INSBASE", {});
+    BlockCarrier trial{*source, *this, blocks, true};
+    trial.tryOut(blocks.modelSpace());
+    for (const uint32_t block : needed)
+        trial.tryOut(block);
     BlockCarrier carrier{*source, *this, blocks};
     for (const uint32_t block : blocks.all())
         carrier.name(block);
     // From the last to the first: a block is there before the ones that use it.
     for (size_t i = needed.size(); i-- > 0;)
         carrier.carry(needed[i]);
-    const AcGePoint3d base = source->header().point("$INSBASE", {});
     blockId = AcDbObjectId{&carrier.carry(blocks.modelSpace(), name, base)};
     CountsByKind missing = carrier.left();
     for (const auto& [kind, count] : source->store().lost)

@@ -21,7 +21,8 @@ struct ObjectRecord
         kSubEntity = 8,   ///< a vertex, attribute or sequence end: belongs to the entity before it
         kPaperSpace = 16, ///< an entity of the ENTITIES section that lies in paper space (67 = 1)
         kDangling = 32,   ///< stands for a handle that names nothing in the drawing
-        kChanged = 64     ///< stands in the database's list of changes
+        kChanged = 64,    ///< stands in the database's list of changes
+        kDamaged = 128    ///< a number in it could not be read: meets nothing
     };
 
     AcDbDatabase* database = nullptr;

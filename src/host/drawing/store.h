@@ -44,9 +44,10 @@ using CountsByKind = std::map<std::string, size_t>;
 /// that `kBlocks` spans the blocks.
 struct DrawingStore
 {
-    FileText file;     ///< text DXF; of a binary file its text form
-    FileText original; ///< the bytes of the file when they are not `file` (binary DXF), else empty
-    int version = 0;   ///< 1009 (R12), 1014 (R14), 1015 (R2000) ... 1032 (R2018)
+    FileText file;        ///< text DXF; of a binary file its text form
+    FileText original;    ///< the bytes of the file when they are not `file` (binary DXF), else empty
+    bool hasLines = true; ///< lines of `file` are those of the file on disk
+    int version = 0;      ///< 1009 (R12), 1014 (R14), 1015 (R2000) ... 1032 (R2018)
     std::string codePage;
     std::shared_ptr<const TextEncoding> encoding;
     std::vector<std::string> kinds; ///< DXF names by `ObjectRecord::kind`

@@ -2,38 +2,21 @@
 
 #include "host/drawing/line_end.h"
 #include "store/group_codes.h"
+#include "store/numbers.h"
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace
 {
 
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r';
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-std::string_view withoutPlus(std::string_view text)
-{
-    if (!text.empty() && text.front() == '+')
-        text.remove_prefix(1);
-    return text;
-}
-
 /// A group code; -1 for a line that is none.
 int parseCode(std::string_view line)
 {
-    line = withoutPlus(trimmed(line));
+    line = dxf::withoutBlanks(line);
+    if (line.starts_with('+'))
+        line.remove_prefix(1);
     int code = -1;
     const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), code);
     return error == std::errc{} && end == line.data() + line.size() ? code : -1;
@@ -43,33 +26,37 @@ int parseCode(std::string_view line)
 
 double Tag::real() const
 {
-    const std::string_view text = withoutPlus(trimmed(value));
-    double number = 0.0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error == std::errc::result_out_of_range)
-        return text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos ? 0.0 : HUGE_VAL;
-    return error == std::errc{} ? number : 0.0;
+    const std::optional<double> number = dxf::readReal(value);
+    if (!number)
+        throw DamagedValue{*this};
+    return *number;
 }
 
 int64_t Tag::integer() const
 {
-    const std::string_view text = withoutPlus(trimmed(value));
-    int64_t number = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc{} ? number : 0;
+    constexpr int64_t kFewest16 = std::numeric_limits<int16_t>::min();
+    constexpr int64_t kMost16 = std::numeric_limits<uint16_t>::max();
+    const std::optional<int64_t> number = dxf::readInteger(value);
+    const bool isShort = dxf::kindOf(code) == dxf::ValueKind::Int16;
+    const bool fits = !isShort || (number >= kFewest16 && number <= kMost16);
+    if (!number || !fits)
+        throw DamagedValue{*this};
+    return isShort ? static_cast<int16_t>(*number) : *number;
+}
+
+int64_t Tag::integerOr(int64_t fallback) const
+{
+    return dxf::readInteger(value).value_or(fallback);
 }
 
 uint64_t Tag::handle() const
 {
-    const std::string_view text = trimmed(value);
-    uint64_t number = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);
-    return error == std::errc{} && stop == text.data() + text.size() ? number : 0;
+    return dxf::readHandle(value).value_or(0);
 }
 
 std::string_view Tag::word() const
 {
-    return trimmed(value);
+    return dxf::withoutBlanks(value);
 }
 
 std::string_view TagReader::line()
@@ -97,14 +84,15 @@ bool TagReader::next(Tag& tag)
 
 AcGePoint3d TagReader::pointFrom(const Tag& x)
 {
-    AcGePoint3d point{x.real(), 0.0, 0.0};
-    if (takeCoordinate(x, dxf::kToSecondCoordinate, point.y))
-        takeCoordinate(x, 2 * dxf::kToSecondCoordinate, point.z);
-    return point;
+    Tag y;
+    Tag z;
+    const bool hasY = takeCoordinate(x, dxf::kToSecondCoordinate, y);
+    const bool hasZ = hasY && takeCoordinate(x, 2 * dxf::kToSecondCoordinate, z);
+    return {x.real(), hasY ? y.real() : 0.0, hasZ ? z.real() : 0.0};
 }
 
 /// Goes behind the coordinate when it stands next; one that stands farther on is only looked at.
-bool TagReader::takeCoordinate(const Tag& x, int step, double& value)
+bool TagReader::takeCoordinate(const Tag& x, int step, Tag& found)
 {
     const auto endsPoint = [&](int code)
     {
@@ -117,7 +105,7 @@ bool TagReader::takeCoordinate(const Tag& x, int step, double& value)
     {
         if (tag.code == x.code + step)
         {
-            value = tag.real();
+            found = tag;
             if (at != begin)
                 m_at = begin;
             return true;

@@ -15,16 +15,26 @@ struct Tag
     const char* begin = nullptr; ///< first byte of the code's line
     const char* end = nullptr;   ///< behind the value's line end
 
-    /// The value as a number: blanks around it ignored, the longest numeric prefix, 0 when there is none.
+    /// The value as a number, read strictly; DamagedValue when it is none. A group of 16 bits may be written signed or
+    /// unsigned, and reads signed.
     double real() const;
     int64_t integer() const;
+    /// The same for what may be guessed: the fallback in place of damage.
+    int64_t integerOr(int64_t fallback) const;
     /// The value as a hexadecimal handle; 0 when it is none.
     uint64_t handle() const;
     /// The value without blanks at both ends, as names of types and sections are read.
     std::string_view word() const;
 };
 
-/// Walks the pairs of a piece of drawing text. Never fails: text that does not end on a whole pair ends the walk.
+/// Thrown where a value is decoded that is no number and ought to be one. It never leaves the host: whoever reads an
+/// object catches it and notes it (`damage.h`).
+struct DamagedValue
+{
+    Tag tag;
+};
+
+/// Walks the pairs of a piece of drawing text. Text that does not end on a whole pair ends the walk.
 class TagReader
 {
 public:
@@ -34,14 +44,15 @@ public:
     bool next(Tag& tag);
 
     /// Reads a point whose x was just read as `x` (codes c, c+10, c+20; what is missing is 0). The others
-    /// follow directly as a rule; they may stand farther on, before the next x.
+    /// follow directly as a rule; they may stand farther on, before the next x. DamagedValue when one is no
+    /// number; the reader then stands behind those that follow directly.
     AcGePoint3d pointFrom(const Tag& x);
 
     const char* position() const { return m_at; }
 
 private:
     std::string_view line();
-    bool takeCoordinate(const Tag& x, int step, double& value);
+    bool takeCoordinate(const Tag& x, int step, Tag& found);
 
     const char* m_at;
     const char* m_end;

@@ -1,3 +1,4 @@
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity_curves.h"
 #include "host/drawing/pair_edit.h"
@@ -31,7 +32,10 @@ std::unique_ptr<AcDbObjectIterator> AcDbVertexPolyline::vertexIterator() const
 const IndexedPath* AcDbVertexPolyline::path() const
 {
     if (m_path == nullptr && !objectId().isNull())
-        m_path = std::make_unique<IndexedPath>(readVertexPolyline(*objectId().record()));
+    {
+        ObjectRecord& record = *objectId().record();
+        m_path = std::make_unique<IndexedPath>(host::readOf(record, [&] { return readVertexPolyline(record); }));
+    }
     return m_path.get();
 }
 

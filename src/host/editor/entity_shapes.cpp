@@ -1,6 +1,7 @@
 #include "host/editor/entity_shapes.h"
 
 #include "host/drawing/block_index.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/entity.h"
 #include "host/drawing/entity_curves.h"
@@ -81,13 +82,14 @@ std::vector<CurvePath> curvesOf(ObjectRecord& entity)
     return opened ? opened->curves() : std::vector<CurvePath>{};
 }
 
-/// Where an entity without curves stands, if anywhere.
+/// Where an entity without curves stands, if anywhere; a damaged one stands nowhere.
 AcGeExtents standingPlace(const ObjectRecord& entity)
 {
     AcGeExtents place;
-    AcGePoint3d point;
-    if (readInsertionPoint(entity.view(), point))
-        place.addPoint(point);
+    if (entity.has(ObjectRecord::kDamaged))
+        return place;
+    if (const auto point = readInsertionPoint(entity.view()))
+        place.addPoint(*point);
     return place;
 }
 
@@ -210,15 +212,24 @@ const EntityShapes::Block* EntityShapes::block(std::string_view name, size_t dep
 
 void EntityShapes::load(Block& block, uint32_t container, size_t depth)
 {
-    if (const ObjectRecord* head = m_database.store().containers[container].head)
-        readInsertionPoint(head->view(), block.base);
-    Block loaded{block.base, {}, {}, {}};
+    const host::InPassing inPassing;
+    Block loaded;
+    if (ObjectRecord* head = m_database.store().containers[container].head)
+    {
+        loaded.base = host::readOf(*head, [&] { return readInsertionPoint(head->view()); }).value_or(AcGePoint3d{});
+        if (head->has(ObjectRecord::kDamaged))
+            return;
+    }
     for (const AcDbObjectId id : m_database.blocks().entitiesIn(container, false))
     {
         ObjectRecord& entity = *id.record();
         if (isReference(entity))
         {
-            loaded.references.push_back(readInsertPlacement(entity.view()));
+            const auto reference =
+                host::readOf(entity, [&] { return std::optional{readInsertPlacement(entity.view())}; });
+            if (!reference)
+                continue;
+            loaded.references.push_back(*reference);
             if (depth < kDeepestNesting)
                 loaded.box.addExtents(placedBox(loaded.references.back(), depth + 1));
             continue;
@@ -249,6 +260,12 @@ AcGeExtents EntityShapes::placedBox(const InsertPlacement& reference, size_t dep
 
 AcGeExtents EntityShapes::box(ObjectRecord& entity)
 {
+    const host::InPassing inPassing;
+    return host::readOf(entity, [&] { return boxOf(entity); });
+}
+
+AcGeExtents EntityShapes::boxOf(ObjectRecord& entity)
+{
     AcGeExtents box;
     if (isReference(entity))
     {
@@ -265,8 +282,13 @@ AcGeExtents EntityShapes::box(ObjectRecord& entity)
 
 bool EntityShapes::meets(ObjectRecord& entity, const PlanRegion& region)
 {
-    return isReference(entity) ? referenceMeets(readInsertPlacement(entity.view()), region)
-                               : curvesMeet(entity, region);
+    const host::InPassing inPassing;
+    const auto meets = [&]
+    {
+        return isReference(entity) ? referenceMeets(readInsertPlacement(entity.view()), region)
+                                   : curvesMeet(entity, region);
+    };
+    return host::readOf(entity, meets);
 }
 
 bool EntityShapes::referenceMeets(const InsertPlacement& reference, const PlanRegion& region)

@@ -21,8 +21,9 @@ Box2d boxInPlan(const AcGeExtents& extents);
 
 /// What entities cover and draw, for selections: read from their text without opening them, and every block definition
 /// once. A survey point stands at its position; a block reference is what it draws, or its insertion point when it
-/// draws nothing; other entities are their curves, or the place they stand at. Blocks that contain each other draw
-/// nothing more from where the circle closes. Answers hold until `forget`.
+/// draws nothing; other entities are their curves, or the place they stand at. What is damaged covers and meets
+/// nothing, and is noted as met in passing. Blocks that contain each other draw nothing more from where the circle
+/// closes. Answers hold until `forget`.
 class EntityShapes
 {
 public:
@@ -43,6 +44,7 @@ private:
     class Walk;
 
     const Block* block(std::string_view name, size_t depth);
+    AcGeExtents boxOf(ObjectRecord& entity);
     void load(Block& block, uint32_t container, size_t depth);
     static bool curvesMeet(ObjectRecord& entity, const PlanRegion& region);
     bool referenceMeets(const InsertPlacement& reference, const PlanRegion& region);

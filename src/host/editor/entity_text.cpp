@@ -99,5 +99,5 @@ bool hasApplication(const ObjectRecord& entity, const std::vector<std::u16string
 bool isInvisible(const ObjectRecord& entity)
 {
     Tag tag;
-    return findCommon(entity, 60, tag) && tag.integer() == 1;
+    return findCommon(entity, 60, tag) && tag.integerOr(0) == 1;
 }

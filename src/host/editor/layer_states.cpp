@@ -1,5 +1,6 @@
 #include "host/editor/layer_states.h"
 
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
@@ -11,6 +12,7 @@ LayerStates::State LayerStates::stateOf(const ObjectRecord& entity)
     if (const auto known = m_states.find(name); known != m_states.end())
         return known->second;
     State state;
+    const host::InPassing inPassing;
     const AcDbObjectId id{m_database.tables().find("LAYER", m_database.encoding().decode(name))};
     if (const AcDbObjectPointer<AcDbLayerTableRecord> layer{id})
         state = {layer->isFrozen(), layer->isOff()};

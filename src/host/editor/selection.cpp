@@ -127,6 +127,7 @@ private:
 
 AcDbObjectIdArray selectIn(AcApDocument& document, const PlanRegion& region, const SelectionFilter& filter)
 {
+    const host::InPassing inPassing{host::InPassing::kSelection};
     EntityIndex& index = document.index();
     std::vector<EntityIndex::Kind>& kinds = index.kinds();
     const Sight sight{document};

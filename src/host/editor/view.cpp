@@ -1,6 +1,7 @@
 #include "host/editor/view.h"
 
 #include "host/drawing/block_index.h"
+#include "host/drawing/damage.h"
 #include "host/drawing/database.h"
 #include "host/drawing/table_index.h"
 #include "host/drawing/tags.h"
@@ -67,10 +68,11 @@ StoredView readStoredView(std::string_view record)
 /// What the drawing's window showed when it was saved; nothing when that is no window onto the plan.
 std::optional<AcGeExtents> storedWindow(AcDbDatabase& database)
 {
-    const ObjectRecord* record = database.tilemode() ? database.tables().find("VPORT", u"*Active") : nullptr;
+    ObjectRecord* record = database.tilemode() ? database.tables().find("VPORT", u"*Active") : nullptr;
     if (record == nullptr)
         return std::nullopt;
-    const StoredView view = readStoredView(record->view());
+    const host::InPassing inPassing;
+    const StoredView view = host::readOf(*record, [&] { return readStoredView(record->view()); });
     const AcGeExtents window = view.window();
     const bool usable = view.isPlan() && view.height > 0.0 && view.aspect > 0.0 && window.isValid() &&
                         std::isfinite(view.height * view.aspect);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "console/report_parts.h"
+
+namespace console
+{
+
+/// The damaged value that ends the work, with file, line and object; empty when there is none. What was only looked at
+/// in passing ends it when it is a survey point, an alignment or something with a feature code, and a selection that
+/// the work goes on with would have asked for its place.
+std::string whatStopsTheWork(host::Session& session);
+
+/// The objects that met nothing because a value in them is damaged: the first ones by name, the rest by number.
+void noteDamaged(Notes& notes, host::Session& session);
+
+} // namespace console
