@@ -2,6 +2,7 @@
 
 #include "host/drawing/tags.h"
 #include "store/group_codes.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -213,23 +214,23 @@ std::string binaryOf(const Pairs& pairs, bool shortCodes)
             append(bytes, static_cast<uint8_t>(pair.code));
         else
             append(bytes, static_cast<int16_t>(pair.code));
-        const Tag tag{pair.code, pair.value, nullptr, nullptr};
+        const Tag tag{pair.code, pair.value, nullptr, nullptr}; // what is no number is 0
         switch (dxf::kindOf(pair.code))
         {
         case dxf::ValueKind::Real:
-            append(bytes, tag.real());
+            append(bytes, dxf::readReal(pair.value).value_or(0.0));
             break;
         case dxf::ValueKind::Int16:
-            append(bytes, static_cast<int16_t>(tag.integer()));
+            append(bytes, static_cast<int16_t>(tag.integerOr(0)));
             break;
         case dxf::ValueKind::Int32:
-            append(bytes, static_cast<int32_t>(tag.integer()));
+            append(bytes, static_cast<int32_t>(tag.integerOr(0)));
             break;
         case dxf::ValueKind::Int64:
-            append(bytes, tag.integer());
+            append(bytes, tag.integerOr(0));
             break;
         case dxf::ValueKind::Bool:
-            append(bytes, static_cast<uint8_t>(tag.integer()));
+            append(bytes, static_cast<uint8_t>(tag.integerOr(0)));
             break;
         case dxf::ValueKind::Chunk:
             append(bytes, uint8_t{0});
