@@ -24,6 +24,27 @@ print(len(auditor.errors), len(auditor.fixes), [e.message for e in auditor.error
 """
 
 
+class Case:
+    """A line of a file of cases: fields parted by "|"; `name` tells which case failed."""
+
+    def __init__(self, name, fields):
+        self.name = name
+        self.fields = fields
+
+
+def read_cases(file):
+    """The cases of tests/cases/FILE. Lines that begin with "#" are comments, [headings] stand in brackets."""
+    cases, heading = [], ""
+    lines = (SOURCE / "tests" / "cases" / file).read_text(encoding="utf-8").splitlines()
+    for number, line in enumerate(lines, 1):
+        if line.startswith("["):
+            heading = line[1:line.index("]")]
+        elif line and not line.startswith("#"):
+            fields = [" ".join(field.split()) for field in line.split("|")]
+            cases.append(Case(f"{heading} ({file}, line {number}: {line})", fields))
+    return cases
+
+
 class ProgramTest(unittest.TestCase):
     """A test with a folder of its own, which is also where settings go."""
 

@@ -2,9 +2,7 @@
 """Symbol drawings of every kind: what is refused and why, and that what is not refused opens in other programs."""
 import re
 
-from program import SAMPLE, SOURCE, ProgramTest, main
-
-CASES = SOURCE / "tests" / "cases" / "symbols.txt"
+from program import SAMPLE, ProgramTest, main, read_cases
 
 
 def pairs(entity):
@@ -50,15 +48,17 @@ class Symbols(ProgramTest):
         return out.read_text(encoding="utf-8"), report
 
     def test_what_others_could_not_open_is_refused_with_the_reason(self):
-        cases = [line.split(" | ") for line in CASES.read_text(encoding="utf-8").splitlines()
-                 if line and not line.startswith("#")]
-        for i, (version, _, entity) in enumerate(cases):
+        cases = read_cases("symbols.txt")
+        self.assertGreater(len(cases), 30)
+        for i, case in enumerate(cases):
+            version, _, entity = case.fields
             (self.folder / f"case{i}.dxf").write_text(symbol(version, pairs(entity)), encoding="utf-8")
         files = [f"case{i}.dxf" for i in range(len(cases))]
         reasons = self.reasons(files)
-        for file, (_, says, entity) in zip(files, cases):
-            self.assertIn(says if says != "-" else "", reasons.get(file, ""), entity)
-            self.assertEqual(file in reasons, says != "-", (entity, reasons.get(file)))
+        for file, case in zip(files, cases):
+            says = case.fields[1]
+            self.assertIn(says if says != "-" else "", reasons.get(file, ""), case.name)
+            self.assertEqual(file in reasons, says != "-", (case.name, reasons.get(file)))
         self.blocks_of([file for file in files if file not in reasons])
 
     def test_coordinates_in_any_order_are_written_point_by_point(self):

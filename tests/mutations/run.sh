@@ -3,45 +3,68 @@
 # passed: applies it in a scratch copy, builds, tests, and fails when the tests pass, or when the patch no longer applies.
 #   tests/mutations/run.sh            all of them, one after another
 #   tests/mutations/run.sh NAME...    those only
+# A patch is done with at the first test program that catches it; only what it changes is built, only those programs run.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 root=$PWD
-scratch=build/mutations
-log=$scratch/log
+scratch=$root/build/mutations
+log=$scratch/build/log
+bin=$scratch/build/dev/bin
 patches=(tests/mutations/*.patch)
 [ $# -eq 0 ] || patches=("${@/#/tests/mutations/}")
 
-# The working tree as it stands; the build of an earlier run is kept.
-mkdir -p "$scratch"
-find "$scratch" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
-git ls-files -coz --exclude-standard | xargs -0 -I{} sh -c '[ ! -e "$1" ] || printf "%s\0" "$1"' _ {} |
-  tar -c --null -T - | tar -x -C "$scratch"
+# The working tree as it stands. Only what differs is written, with the time of now: what an earlier run built stays good,
+# and what it left changed is built anew.
+mkdir -p "$scratch/build"
+(cd "$scratch" && find . -path ./build -prune -o -type f -print0) |
+  while IFS= read -rd '' file; do [ -e "$file" ] || rm "$scratch/$file"; done
+git ls-files -coz --exclude-standard | while IFS= read -rd '' file; do
+  [ ! -e "$file" ] || cmp -s "$file" "$scratch/$file" || { mkdir -p "$(dirname "$scratch/$file")" && cp "$file" "$scratch/$file"; }
+done
+(cd "$scratch" && cmake --preset dev) >"$log" 2>&1 || { tail -n 40 "$log" >&2; exit 1; }
 
 # Without the ceiling git takes the scratch copy for a part of the project and applies nothing.
 apply() { GIT_CEILING_DIRECTORIES="$root/build" git -C "$scratch" apply "$@"; }
-build() { (cd "$scratch" && cmake --preset dev && cmake --build --preset dev) >"$log" 2>&1; }
-# The quick tests first: they find nearly everything.
-slow="^console"
-passes() {
-  (cd "$scratch" && ctest --preset dev -j "$(nproc)" --stop-on-failure -E "$slow" &&
-    ctest --preset dev -j "$(nproc)" --stop-on-failure -R "$slow") >>"$log" 2>&1
+build() { (cd "$scratch" && cmake --build --preset dev --target "$@") >"$log" 2>&1; }
+tests() { (cd "$scratch" && ctest --preset dev -j "$(nproc)" --stop-on-failure "$@") >>"$log" 2>&1; }
+# The tests of one program, all in one process.
+runs() { (cd "$scratch/build/dev" && "$bin/$1" --gtest_fail_fast --gtest_brief=1) >"$log" 2>&1; }
+# When the program, and the module that it may load, were built.
+built() { stat -c %Y.%y "$bin/$1" "$bin/Veloxa.arx" 2>/dev/null; }
+
+mapfile -t programs < <(cd "$scratch" && cmake --build --preset dev --target help | sed -n 's/^\(test_[a-z]*\): phony$/\1/p')
+[ ${#programs[@]} -gt 0 ] || { echo "no test program" >&2; exit 1; }
+unchanged() {
+  build all || return
+  for program in "${programs[@]}"; do runs "$program" || return; done
+  tests
+}
+unchanged || { tail -n 40 "$log" >&2; echo "the tests fail without any change" >&2; exit 1; }
+
+# The quick programs first, then the tests of the whole: `caught` says what failed.
+try() {
+  local program before
+  for program in "${programs[@]}"; do
+    before=$(built "$program")
+    build "$program" || { caught="DOES NOT BUILD"; return; }
+    [ "$before" != "$(built "$program")" ] || continue
+    runs "$program" || { caught="caught by $program $(sed -n 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p;T;q' "$log")"; return; }
+  done
+  build all || { caught="DOES NOT BUILD"; return; }
+  tests && caught="PASSES ALL TESTS" ||
+    caught="caught by $(sed -n '/(Skipped)/d;s/^\t *[0-9]* - \(.*\) (.*)$/\1/p;T;q' "$log")"
 }
 
-build && passes || { tail -n 40 "$log" >&2; echo "the tests fail without any change" >&2; exit 1; }
 status=0
 for patch in "${patches[@]}"; do
   name=$(basename "$patch" .patch)
   patch=$root/tests/mutations/$name.patch
-  if ! apply "$patch"; then
-    verdict="NO LONGER APPLIES"
-  else
-    if ! build; then verdict="DOES NOT BUILD"
-    elif passes; then verdict="PASSES ALL TESTS"
-    else verdict="caught by $(sed -n 's/^\t *[0-9]* - \(.*\) (.*)$/\1/p' "$log" | grep -v Skipped | head -n 1)"
-    fi
+  caught="NO LONGER APPLIES"
+  if apply "$patch"; then
+    try
     apply -R "$patch"
   fi
-  echo "$name: $verdict"
-  [[ $verdict == caught* ]] || status=1
+  echo "$name: $caught"
+  [[ $caught == "caught by "?* ]] || status=1
 done
 exit $status

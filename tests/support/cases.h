@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <span>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 /// heading it stands under, and its line.
 struct Case
 {
+    std::string heading;
     std::string name;
     std::vector<std::vector<std::string>> fields;
 };
@@ -31,6 +33,7 @@ inline std::vector<Case> readCases(const std::string& file)
             continue;
         }
         Case& added = cases.emplace_back();
+        added.heading = heading;
         added.name = heading + " (" + file + ", line " + std::to_string(number) + ": " + line + ")";
         added.fields.emplace_back();
         std::istringstream words(line);
@@ -41,6 +44,19 @@ inline std::vector<Case> readCases(const std::string& file)
                 added.fields.back().push_back(word);
     }
     return cases;
+}
+
+/// The group codes and values of words like 62=3, a line each as words.
+inline std::vector<std::string> pairsOf(std::span<const std::string> words)
+{
+    std::vector<std::string> pairs;
+    for (const std::string& word : words)
+    {
+        const size_t equals = word.find('=');
+        pairs.push_back(word.substr(0, equals));
+        pairs.push_back(equals == std::string::npos ? "" : word.substr(equals + 1));
+    }
+    return pairs;
 }
 
 /// The numbers of a word, parted by ",".

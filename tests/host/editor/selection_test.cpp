@@ -3,14 +3,18 @@
 #include "host/editor/selection.h"
 #include "host/editor/view.h"
 #include "host/text.h"
+#include "support/cases.h"
 #include "support/plan_drawing.h"
 #include "support/test_session.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <deque>
+#include <optional>
 #include <random>
+#include <span>
 #include <utility>
 
 using testing::ElementsAre;
@@ -83,73 +87,154 @@ std::vector<uint64_t> select(const char16_t* mode, const Chain& points = {}, con
     return places;
 }
 
-std::vector<uint64_t> all(const Chain& filter)
-{
-    return select(u"X", {}, filter);
-}
-
 Chain rectangle(double x1, double y1, double x2, double y2)
 {
     return std::move(Chain{}.point(x1, y1).point(x2, y1).point(x2, y2).point(x1, y2));
 }
 
-std::vector<std::string> marked(const std::string& application)
+Chain pointsOf(std::span<const std::string> words)
 {
-    return {"1001", application, "1002", "{", "1000", "MUONG", "1002", "}"};
+    Chain points;
+    for (const std::string& word : words)
+        points.point(numbersOf(word).at(0), numbersOf(word).at(1));
+    return points;
 }
+
+/// The chain of a filter's words, code=value each.
+Chain filterOf(const std::vector<std::string>& words)
+{
+    Chain filter;
+    for (const std::string& word : words)
+    {
+        const size_t equals = std::min(word.find('='), word.size());
+        filter.add(std::stoi(word), toUtf16(word.substr(std::min(equals + 1, word.size()))));
+    }
+    return filter;
+}
+
+/// A drawing built line by line, and what is selected of it.
+class Scene
+{
+public:
+    Scene() { m_plan.layer("0"); }
+
+    void play(const Case& each)
+    {
+        const std::vector<std::string>& words = each.fields[0];
+        if (words[0] == "X" || words[0].starts_with('_'))
+            expectSelected(each);
+        else if (words[0] == "zoom")
+            zoom(words);
+        else if (words[0] == "layer")
+            m_plan.layer(words.at(1), std::stoi(words.at(2)), std::stoi(words.at(3)));
+        else if (words[0] == "view")
+            m_plan.view(numbersOf(words.at(1))[0], numbersOf(words[1])[1], std::stod(words.at(2)),
+                        std::stod(words.at(3)));
+        else if (words[0] == "block")
+        {
+            std::string contents;
+            for (size_t at = 1; at < each.fields.size(); ++at)
+                contents += entity(each.fields[at]);
+            m_plan.block(words.at(1), contents, words.at(2));
+        }
+        else
+            m_plan.add(entity(words));
+    }
+
+private:
+    std::string entity(const std::vector<std::string>& words)
+    {
+        std::vector<std::string> own;
+        std::vector<std::string> common;
+        std::vector<std::string> plain;
+        for (const std::string& word : words)
+            if (word.find('=') == std::string::npos)
+                plain.push_back(word);
+            else if (word.front() == '+')
+                common.push_back(word.substr(1));
+            else
+                own.push_back(word);
+        own = pairsOf(own);
+        common = pairsOf(common);
+        if (plain.at(0) == "entity")
+            return m_plan.entity(plain.at(1), plain.at(2), "AcDb" + plain[1], own, common);
+        const std::vector<double> at = numbersOf(plain.at(plain[0] == "insert" ? 2 : 1));
+        if (plain[0] == "insert")
+            return m_plan.insert(plain[1], at[0], at[1], own);
+        if (plain[0] == "point")
+            return m_plan.surveyPoint(at[0], at[1], plain.at(2));
+        const std::vector<double> to = numbersOf(plain.at(2));
+        return m_plan.line(at[0], at[1], to[0], to[1], plain.size() > 3 ? plain[3] : "0", common);
+    }
+    AcApDocument& document()
+    {
+        if (m_document == nullptr)
+            m_document = m_test.open(m_plan.text());
+        return *m_document;
+    }
+    void zoom(const std::vector<std::string>& words)
+    {
+        if (words.at(1) == "extents")
+            document().view().zoomExtents();
+        else if (words[1] == "previous")
+            document().view().zoomPrevious();
+        else
+            document().view().zoomWindow({numbersOf(words[1])[0], numbersOf(words[1])[1]},
+                                         {numbersOf(words.at(2))[0], numbersOf(words[2])[1]});
+    }
+    void expectSelected(const Case& each)
+    {
+        document();
+        const std::vector<std::string>& words = each.fields[0];
+        std::vector<uint64_t> expected;
+        for (const std::string& word : each.fields.at(2))
+            if (word != "none")
+                expected.push_back(std::stoul(word));
+        EXPECT_EQ(select(toUtf16(words[0]).c_str(), pointsOf(std::span{words}.subspan(1)), filterOf(each.fields[1])),
+                  expected);
+    }
+
+    PlanDrawing m_plan;
+    TestSession m_test;
+    AcApDocument* m_document = nullptr;
+};
 
 } // namespace
 
-TEST(SelectAll, FollowsTheFileThroughAllSpacesAndLeavesBlockContentsOut)
+TEST(Selection, TakesWhatTheCasesSay)
+{
+    const std::vector<Case> cases = readCases("selections.txt");
+    EXPECT_GT(cases.size(), 70U);
+    std::string heading;
+    std::optional<Scene> scene;
+    for (const Case& each : cases)
+    {
+        SCOPED_TRACE(each.name);
+        if (std::exchange(heading, each.heading) != each.heading)
+        {
+            scene.reset();
+            scene.emplace();
+        }
+        scene->play(each);
+    }
+}
+
+TEST(SelectAll, FollowsTheFileThroughAllSpacesAndForgetsWhatIsErased)
 {
     PlanDrawing plan;
-    plan.layer("0").layer("AN", 0, -7).layer("DONG", 1);
-    plan.block("CAY", plan.line(0, 0, 1, 1));
+    plan.layer("0");
     plan.addToOtherPaper(plan.entity("TEXT", "0", "AcDbText", {"10", "0"})); // stands before ENTITIES in the file
-    plan.add(plan.line(0, 0, 1, 0, "AN")).add(plan.line(0, 0, 1, 0, "DONG")).add(plan.insert("CAY", 5, 5));
-    plan.add(plan.line(0, 0, 1, 0, "0", {"67", "1"}));
+    plan.add(plan.line(0, 0, 1, 0)).add(plan.line(0, 0, 1, 0));
     TestSession test;
     test.open(plan.text());
-
-    EXPECT_THAT(select(u"X"), ElementsAre(0, 1, 2, 3, 4));
-    EXPECT_THAT(all(Chain{}.add(0, u"line")), ElementsAre(1, 2, 4)) << "names whatever their case";
+    EXPECT_THAT(select(u"X"), ElementsAre(0, 1, 2));
 
     const TestLock lock;
     {
-        const AcDbObjectPointer<AcDbEntity> frozen{idsOf(u"X", {}, Chain{}.add(8, u"DONG")).at(0), AcDb::kForWrite};
-        frozen->erase();
+        const AcDbObjectPointer<AcDbEntity> second{idsOf(u"X", {}, {}).at(1), AcDb::kForWrite};
+        second->erase();
     }
-    EXPECT_THAT(all(Chain{}.add(0, u"LINE")), ElementsAre(1, 4));
-}
-
-TEST(SelectAll, EvaluatesTheFilterAsItStands)
-{
-    PlanDrawing plan;
-    plan.layer("0").layer("A").layer("B");
-    const auto with = [&plan](const std::string& kind, const std::string& layer, const std::string& application)
-    {
-        return plan.entity(kind, layer, "AcDb" + kind, {"70", "1001", "71", "1001"}) +
-               (application.empty() ? "" : PlanDrawing::pairs(marked(application)));
-    };
-    plan.add(with("A1", "A", "SV_INFOR")).add(with("A1", "B", "")).add(with("B1", "A", "Sv_Infor"));
-    plan.add(with("B1", "0", "OTHER")).add(with("VIEWPORT", "A", "SV_INFOR"));
-    TestSession test;
-    test.open(plan.text());
-
-    EXPECT_THAT(all(Chain{}.add(-4, u"<and").add(-4, u"<not").add(0, u"VIEWPORT").add(-4, u"not>").add(-4, u"and>")),
-                ElementsAre(0, 1, 2, 3));
-    Chain classes;
-    classes.add(-4, u"<and").add(-4, u"<or").add(0, u"B1").add(0, u"A1").add(-4, u"or>");
-    classes.add(-4, u"<or").add(-3).add(1001, u"SV_INFOR,PLX").add(-4, u"or>").add(-4, u"and>");
-    EXPECT_THAT(all(classes), ElementsAre(0, 2));
-    EXPECT_THAT(all(Chain{}.add(8, u"B,0").add(0, u"A1,B1")), ElementsAre(1, 3));
-    EXPECT_THAT(all(Chain{}.add(-4, u"<xor").add(8, u"A").add(0, u"A1").add(-4, u"xor>")), ElementsAre(1, 2, 4));
-    EXPECT_THAT(all(Chain{}.add(8, u"A*")), IsEmpty()) << "no patterns";
-
-    EXPECT_THAT(all(Chain{}.add(-4, u"<and")), IsEmpty()) << "damaged chains select nothing";
-    EXPECT_THAT(all(Chain{}.add(-4, u"<or").add(-4, u"and>")), IsEmpty());
-    EXPECT_THAT(all(Chain{}.add(-4, u">=")), IsEmpty());
-    EXPECT_THAT(all(Chain{}.add(62)), IsEmpty());
+    EXPECT_THAT(select(u"X"), ElementsAre(0, 2));
 }
 
 TEST(SelectAll, KeepsUpWithWhatIsAddedAndBroughtBack)
@@ -189,62 +274,6 @@ TEST(SelectAll, KeepsUpWithWhatIsAddedAndBroughtBack)
     space->close();
     EXPECT_THAT(select(u"X"), ElementsAre(0, 1, id.handle().value() - PlanDrawing::kFirst));
     EXPECT_THAT(select(u"_CP", rectangle(0.4, 0.4, 2, 0.6)), ElementsAre(id.handle().value() - PlanDrawing::kFirst));
-}
-
-TEST(SelectByPolygon, TakesWhatIsInsideOrTouches)
-{
-    PlanDrawing plan;
-    plan.layer("0");
-    plan.block("VUONG", plan.line(0, 0, 2, 0) + plan.line(2, 0, 2, 2) + plan.line(0, 2, 2, 2) + plan.line(0, 0, 0, 2),
-               "1");
-    plan.block("RONG", plan.entity("TEXT", "0", "AcDbText", {"10", "50", "20", "50", "1", "x"}));
-    plan.add(plan.surveyPoint(5, 5, "DC1"));                           // 0: inside
-    plan.add(plan.surveyPoint(10, 3, "DC1"));                          // 1: on the border
-    plan.add(plan.surveyPoint(10.001, 3, "DC1"));                      // 2: outside
-    plan.add(plan.line(-5, 5, 15, 5));                                 // 3: across, both ends outside
-    plan.add(plan.line(-5, -1, 15, -1));                               // 4: past it
-    plan.add(plan.line(9, 12, 12, 9));                                 // 5: box meets, line does not
-    plan.add(plan.insert("VUONG", -2, 4));                             // 6: drawn from -3 to -1
-    plan.add(plan.insert("VUONG", -2, 4, {"41", "3"}));                // 7: drawn from -5 to 1
-    plan.add(plan.insert("VUONG", 5, -1, {"50", "45"}));               // 8: turned
-    plan.add(plan.insert("RONG", 8, 8));                               // 9: draws nothing: its own point
-    plan.add(plan.insert("KHONG_CO", 8, 12));                          // 10: no such block, outside
-    plan.add(plan.insert("VUONG", -30, 4, {"70", "10", "44", "3.5"})); // 11: ten columns reach it
-    TestSession test;
-    test.open(plan.text());
-
-    const Chain square = rectangle(0, 0, 10, 10);
-    EXPECT_THAT(select(u"_CP", square), ElementsAre(0, 1, 3, 7, 8, 9, 11));
-    EXPECT_THAT(select(u"_WP", square), ElementsAre(0, 1, 9));
-    EXPECT_THAT(select(u"_F", Chain{}.point(10, 2).point(10, 6)), ElementsAre(1, 3));
-    EXPECT_THAT(select(u"_CP", square, Chain{}.add(0, u"INSERT")), ElementsAre(7, 8, 9, 11));
-
-    // A polygon around a notch: what lies in the notch is outside, what reaches over it is not within.
-    const Chain notched = std::move(Chain{}.point(0, 0).point(20, 0).point(20, 20).point(5.5, 5.2).point(0, 20));
-    EXPECT_THAT(select(u"_WP", notched, Chain{}.add(0, u"PLXDBMEASUREPOINTOBJ")), ElementsAre(0, 1, 2));
-    EXPECT_THAT(select(u"_CP", Chain{}.point(0, 0).point(1, 1)), IsEmpty()) << "two points are no polygon";
-}
-
-TEST(SelectByPolygon, SeesOnlyWhatTheViewShows)
-{
-    PlanDrawing plan;
-    plan.layer("0").layer("AN", 0, -7).layer("DONG", 1).view(0, 0, 20, 2);
-    plan.add(plan.surveyPoint(5, 5, "A")).add(plan.surveyPoint(50, 5, "B")); // 0: shown, 1: beyond the window
-    plan.add(plan.line(15, 0, 60, 0));                                       // 2: shown in part
-    plan.add(plan.line(1, 1, 2, 2, "AN")).add(plan.line(1, 1, 2, 2, "DONG"));
-    plan.add(plan.line(1, 1, 2, 2, "0", {"60", "1"})).add(plan.line(1, 1, 2, 2, "0", {"67", "1"})); // 6: paper
-    TestSession test;
-    AcApDocument* document = test.open(plan.text());
-
-    const Chain everywhere = rectangle(-100, -100, 100, 100);
-    EXPECT_THAT(select(u"_CP", everywhere), ElementsAre(0, 2));
-    EXPECT_THAT(select(u"_CP", rectangle(40, -1, 60, 9)), ElementsAre(2));
-    document->view().zoomExtents();
-    EXPECT_THAT(select(u"_CP", everywhere), ElementsAre(0, 1, 2));
-    document->view().zoomPrevious();
-    EXPECT_THAT(select(u"_CP", everywhere), ElementsAre(0, 2));
-    document->view().zoomWindow({49, 4}, {51, 6});
-    EXPECT_THAT(select(u"_CP", everywhere), ElementsAre(1));
 }
 
 TEST(SelectByPolygon, BlocksThatContainEachOtherComeToAnEnd)
