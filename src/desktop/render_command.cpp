@@ -95,7 +95,7 @@ void renderDrawing(const RenderArguments& arguments, const std::string& drawing,
     const PictureKind kind = kindOfName(output);
     const picture::PageOptions options = pageOptions(arguments, kind);
     host::Session& session = host::Session::current();
-    AcApDocument* document = session.documents().open(toUtf16(drawing));
+    AcApDocument* document = session.documents().open(modulePath(drawing));
     picture::Notes notes;
     {
         picture::DrawingLists lists{*document->database(), fontFolders(arguments, drawing), notes};

@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -24,7 +25,7 @@ struct Color
     static constexpr int32_t kForeground = -3; ///< what contrasts with the background
     int32_t value = kByLayer;                  ///< one of these, or 0xRRGGBB
 
-    friend auto operator<=>(const Color&, const Color&) = default;
+    friend bool operator==(const Color&, const Color&) = default;
 };
 
 /// How an entity is to be drawn, as it says itself: what comes from its layer or its block is still open.
@@ -40,7 +41,14 @@ struct Look
     int32_t weight = kByLayer;   ///< hundredths of a millimetre
     double linetypeScale = 1.0;
 
-    friend auto operator<=>(const Look&, const Look&) = default;
+    friend bool operator==(const Look&, const Look&) = default;
+    friend bool operator<(const Look& a, const Look& b) { return a.key() < b.key(); }
+
+private:
+    std::tuple<uint32_t, int32_t, int32_t, int32_t, double> key() const
+    {
+        return {layer, color.value, linetype, weight, linetypeScale};
+    }
 };
 
 /// A pattern of dashes (positive), gaps (negative) and dots (0), drawing units; without any it is continuous.

@@ -324,6 +324,7 @@ void Painter::paintDot(const Vertex& at, bool isSurvey, double scale)
     if ((mode & 32) != 0)
     {
         std::vector<Vertex> circle;
+        circle.reserve(32);
         for (int i = 0; i < 32; ++i)
             circle.push_back(
                 {at.x + half * std::cos(i * std::numbers::pi / 16), at.y + half * std::sin(i * std::numbers::pi / 16)});
