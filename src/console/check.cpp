@@ -5,9 +5,7 @@
 #include "console/plan_table.h"
 #include "console/report_parts.h"
 #include "console/spaces.h"
-#include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
-#include "disk/temporary.h"
 #include "files/drawing_names.h"
 #include "host/drawing/database.h"
 #include "host/drawing/symbol_tables.h"
@@ -47,36 +45,11 @@ std::string realPath(const fs::path& path)
     return error ? path.string() : real.string();
 }
 
-/// Settings to play with: the user's, copied into a folder that goes when this does.
-class PrivateSettings
-{
-public:
-    explicit PrivateSettings(const std::string& folder)
-    {
-        if (m_folder.path().empty())
-            throw Failure{"a temporary folder could not be made in " + fs::temp_directory_path().string()};
-        forEachFile(folder,
-                    [this](const fs::path& file)
-                    {
-                        std::error_code unreadable; // as good as missing to the module
-                        if (file.extension() == ".cfg")
-                            fs::copy_file(file, fs::path{m_folder.path()} / file.filename(), unreadable);
-                    });
-    }
-
-    std::string folder() const { return m_folder.path(); }
-
-private:
-    disk::TemporaryFolder m_folder;
-};
-
-/// The options of a program that finds all that the user's would, and keeps what it is told elsewhere.
-CommonOptions withSettingsIn(const PrivateSettings& settings, const std::string& table, const DrawOptions& options)
+/// The options of a program that finds all that the user's would, and keeps what it is told in memory.
+CommonOptions keepingNothing(const std::string& table, const DrawOptions& options)
 {
     CommonOptions common = options.common;
-    const SymbolFolderList kept{settingsFolderOf(options.common)};
-    common.symbolFolders.insert(common.symbolFolders.end(), kept.folders().begin(), kept.folders().end());
-    common.settingsFolder = settings.folder();
+    common.keepsNothing = true;
     for (const std::string* file : {&table, &options.library})
         if (!file->empty())
             addFoldersOf(*file, common.symbolFolders);
@@ -274,8 +247,7 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
     if (!table.empty())
         rowFiles.push_back(readTableRows(table));
 
-    const PrivateSettings settings{settingsFolderOf(options.common)};
-    Program program{withSettingsIn(settings, table, options)};
+    Program program{keepingNothing(table, options)};
     AcDbDatabase& drawing = *program.open(report.drawing)->database();
     report.layout = shownLayout(drawing);
     noteLayout(report.notes, drawing);

@@ -59,12 +59,19 @@ void addCommon(CLI::App& command, CommonOptions& options)
                "folder in which symbol files are looked for by name (may be given more than once)");
 }
 
+void addOverwrite(CLI::App& command, CommonOptions& options)
+{
+    command.add_flag("--overwrite", options.overwrite,
+                     "replace a drawing that was changed on disk since it was opened");
+}
+
 void addOutput(CLI::App& command, DrawOptions& options)
 {
     addCommon(command, options.common);
     command.add_option("-o", options.output, "where the result is saved (.dxf); may be the drawing itself")
         ->required()
         ->type_name("OUT");
+    addOverwrite(command, options.common);
 }
 
 void addAlignment(CLI::App& command, DrawOptions& options, const char* description)
@@ -139,6 +146,7 @@ void declareScript(CLI::App& command, ScriptOptions& options)
     command.add_option("file", options.file, "the script, one action a line")->required();
     addCommon(command, options.common);
     command.get_option("drawing")->required(false);
+    addOverwrite(command, options.common);
 }
 
 void declareFolders(CLI::App& command, FolderOptions& options)

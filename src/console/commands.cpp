@@ -12,6 +12,7 @@
 #include "console/symbol_folders.h"
 #include "console/verdict.h"
 #include "disk/read.h"
+#include "disk/replace.h"
 #include "files/drawing_names.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
@@ -49,10 +50,18 @@ void requireFolders(const CommonOptions& options)
             throw Failure{folder + (std::filesystem::exists(folder, error) ? ": is not a folder" : ": no such folder")};
 }
 
+/// The options of a program that only looks.
+CommonOptions looking(CommonOptions options)
+{
+    options.keepsNothing = true;
+    return options;
+}
+
 void requireNames(const DrawOptions& options)
 {
     requireFolders(options.common);
     files::requireDrawingOutput(options.output);
+    disk::requireReplaceable(options.output);
 }
 
 std::string foldersText(const std::vector<std::string>& folders)
@@ -70,7 +79,7 @@ void runScan(const ScanOptions& options)
     const std::string& drawing = options.common.drawing;
     const Progress progress{"scanning " + drawing};
     requireFolders(options.common);
-    Program program{options.common};
+    Program program{looking(options.common)};
     AcDbDatabase& database = *program.open(drawing)->database();
     ScanCrossSections(g_DatabaseCS);
     program.refuseDamage();
@@ -132,7 +141,7 @@ void runScript(const ScriptOptions& options)
 void runInfo(const CommonOptions& options)
 {
     requireFolders(options);
-    Program program{options};
+    Program program{looking(options)};
     AcDbDatabase& database = *program.open(options.drawing)->database();
     const Json json = infoJson(database, options.drawing, std::filesystem::file_size(options.drawing));
     options.json ? print(json) : print(infoText(json));

@@ -175,7 +175,7 @@ Report drawDrawing(const DrawOptions& options)
     noteIncomplete(report.notes, program.session());
     noteUnkept(report.notes, program.session());
     failWhenStrict(report.unreadable, options.strict);
-    program.save(options.output);
+    noteSave(report.notes, program.save(options.output));
     return report;
 }
 
@@ -202,7 +202,7 @@ Report eraseDrawing(const DrawOptions& options)
     }
     earlier.noteKept(report.notes, all);
     noteDamaged(report.notes, program.session());
-    program.save(options.output);
+    noteSave(report.notes, program.save(options.output));
     return report;
 }
 

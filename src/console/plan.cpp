@@ -155,7 +155,7 @@ Report planDrawing(const std::string& table, const DrawOptions& options)
         report.notes.push_back(
             "a symbol file that cannot be read ends the placing: the points behind it have no symbol");
     failWhenStrict(report.unreadable, options.strict);
-    program.save(options.output);
+    noteSave(report.notes, program.save(options.output));
     return report;
 }
 

@@ -4,6 +4,7 @@
 #include "console/shown_text.h"
 #include "console/symbol_folders.h"
 #include "dbkit/symbol_block.h"
+#include "disk/replace.h"
 #include "frame/entry/module.h"
 #include "host/app/paths.h"
 #include "host/drawing/table_index.h"
@@ -31,6 +32,11 @@ host::SessionOptions sessionOptions(const CommonOptions& options)
     return session;
 }
 
+std::optional<host::NothingKept> nothingKept(const CommonOptions& options)
+{
+    return options.keepsNothing ? std::optional<host::NothingKept>{std::in_place} : std::optional<host::NothingKept>{};
+}
+
 } // namespace
 
 void require(const UserAction& action)
@@ -50,7 +56,9 @@ std::string programFolder()
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
-Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m_frontEnd, sessionOptions(options)}
+Program::Program(const CommonOptions& options)
+    : m_overwrite{options.overwrite}, m_nothingKept{nothingKept(options)}, m_session{m_reader, m_writer, m_frontEnd,
+                                                                                     sessionOptions(options)}
 {
     m_frontEnd.onMessage = [](const std::u16string& text) { std::cerr << shownText(toUtf8(text) + "\n"); };
     m_session.loadModule(&acrxEntryPoint, programFolder() + "/Veloxa.arx");
@@ -58,7 +66,29 @@ Program::Program(const CommonOptions& options) : m_session{m_reader, m_writer, m
 
 AcApDocument* Program::open(const std::string& path)
 {
-    return m_session.documents().open(modulePath(path));
+    const disk::FileStamp seen = disk::stampOf(path); // before it is read: what changes meanwhile counts
+    AcApDocument* document = m_session.documents().open(modulePath(path));
+    m_seen[document] = seen;
+    return document;
+}
+
+std::string Program::save(const std::string& path)
+{
+    refuseDamage();
+    AcApDocument* document = m_session.documents().curDocument();
+    const bool isOwn = document != nullptr && disk::isSameFile(path, nativePath(document->fileName()));
+    const bool isLost = disk::cannotBeKept(path);
+    m_writer.seen = isOwn && !m_overwrite ? m_seen[document] : disk::FileStamp{};
+    try
+    {
+        m_session.saveCurrent(modulePath(path));
+    }
+    catch (const disk::ChangedFile& changed)
+    {
+        throw Failure{changed.what() + std::string{", and is not overwritten (--overwrite insists)"}};
+    }
+    m_seen[document] = disk::stampOf(path);
+    return isLost ? path + ": the earlier file was not kept: with .bak its name would be too long" : std::string{};
 }
 
 void Program::prepareFiles(const std::vector<std::u16string>& files)
@@ -85,12 +115,6 @@ void Program::command(std::u16string_view name)
     if (!m_session.runCommand(name))
         throw Failure{"there is no command " + toUtf8(name)};
     refuseDamage();
-}
-
-void Program::save(const std::string& path)
-{
-    refuseDamage();
-    m_session.saveCurrent(modulePath(path));
 }
 
 void Program::refuseDamage()

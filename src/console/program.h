@@ -1,11 +1,15 @@
 #pragma once
 
 #include "console/script_front_end.h"
-#include "files/dxf/writer.h"
+#include "disk/stamp.h"
+#include "files/dxf/save.h"
 #include "files/reader.h"
+#include "host/app/disk.h"
 #include "host/app/session.h"
 #include "host/ui/user_action.h"
 
+#include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -30,6 +34,17 @@ struct CommonOptions
     std::string settingsFolder;
     std::vector<std::string> symbolFolders;
     bool json = false;
+    bool overwrite = false;    ///< a drawing that changed on disk since it was opened is replaced all the same
+    bool keepsNothing = false; ///< no settings are written, no folder is made
+};
+
+/// Writes drawings as DXF, over a file that is still as it was seen only.
+class SavingWriter : public DrawingWriter
+{
+public:
+    disk::FileStamp seen; ///< of no file: whatever stands there is replaced
+
+    void write(AcDbDatabase& database, const std::string& path) override { files::saveDrawing(database, path, seen); }
 };
 
 /// The folder of the user's settings, which may be missing.
@@ -53,14 +68,19 @@ public:
     void prepareSymbols(const std::vector<std::u16string>& files);
     /// Runs a command by name; Failure when there is none, or when it came upon damage.
     void command(std::u16string_view name);
-    /// Saves the current drawing; Failure when what was done rests on damage.
-    void save(const std::string& path);
+    /// Saves the current drawing; Failure when what was done rests on damage, or when a file would be replaced that was
+    /// changed since it was opened or saved here. Throws what saving throws. Answers what the user should know, or an
+    /// empty text.
+    std::string save(const std::string& path);
     /// Failure that tells of a value that is no number where the work so far rests on one: file, line and value.
     void refuseDamage();
 
 private:
+    bool m_overwrite;
+    std::map<const AcApDocument*, disk::FileStamp> m_seen; ///< the files of the open drawings, as they were last seen
+    std::optional<host::NothingKept> m_nothingKept;
     files::FileReader m_reader;
-    files::DxfWriter m_writer;
+    SavingWriter m_writer;
     ScriptFrontEnd m_frontEnd;
     host::Session m_session;
 };

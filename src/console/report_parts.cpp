@@ -135,6 +135,12 @@ void noteRows(Notes& notes, const RowFile& file, const FeatureCounts& features, 
                         keys);
 }
 
+void noteSave(Notes& notes, std::string said)
+{
+    if (!said.empty())
+        notes.push_back(std::move(said));
+}
+
 std::string unkeptNote(const std::string& path)
 {
     return "the settings could not be kept: " + path + " cannot be written";

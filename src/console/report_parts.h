@@ -57,6 +57,9 @@ std::string unkeptNote(const std::string& path);
 /// The settings files that could not be written in the session, each once.
 void noteUnkept(Notes& notes, host::Session& session);
 
+/// Takes what saving had to say, if anything.
+void noteSave(Notes& notes, std::string said);
+
 /// What is said of a symbol file that could not be read.
 std::string unreadableNote(const std::string& reason);
 

@@ -150,8 +150,9 @@ void ScriptRunner::open(const Words& words)
 
 void ScriptRunner::save(const Words& words)
 {
-    const AcApDocument& saved = document();
-    m_program.save(words.empty() ? nativePath(saved.fileName()) : words[0]);
+    const std::string own = nativePath(document().fileName());
+    if (const std::string said = m_program.save(words.empty() ? own : words[0]); !said.empty())
+        std::cerr << shownLine(said);
 }
 
 void ScriptRunner::close(const Words&)

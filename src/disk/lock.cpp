@@ -1,12 +1,12 @@
 #include "disk/lock.h"
 
 #include "disk/error.h"
-#include "disk/stamp.h"
 
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 
 namespace disk

@@ -1,7 +1,6 @@
 #include "disk/replace.h"
 
 #include "disk/earlier_file.h"
-#include "disk/error.h"
 #include "disk/lock.h"
 #include "disk/output.h"
 #include "disk/read.h"
@@ -83,6 +82,8 @@ public:
         m_earlier = replaceable(m_path, m_name);
         m_lock = lockForSaving(m_path, m_name, m_faults);
         m_earlier = replaceable(m_path, m_name);
+        if (m_earlier && m_rules.seen.exists() && m_rules.seen != stampOf(*m_earlier))
+            throw ChangedFile{m_name};
         clearLeftovers(m_folder);
         TemporaryFile fresh{m_folder, m_earlier ? kPrivateMode : kNewFileMode};
         if (fresh.error() != 0 && m_earlier && m_rules.inPlaceIfNeeded)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "disk/error.h"
 #include "disk/faults.h"
+#include "disk/stamp.h"
 
 #include <string>
 #include <string_view>
@@ -14,12 +16,20 @@ struct ReplaceRules
     bool keepEarlier = false;     ///< what stood there stays as `path` + ".bak"
     bool durable = true;          ///< flushed to the disk before it takes the name
     bool inPlaceIfNeeded = false; ///< a file that may be written, in a folder that may not, is written in place
+    FileStamp seen = {};          ///< when given, the file is replaced in this state only
+};
+
+/// The file is not in the state in which it was to be replaced.
+class ChangedFile : public FileError
+{
+public:
+    explicit ChangedFile(std::string path) : FileError{std::move(path), "was changed on disk since it was opened"} {}
 };
 
 /// Writes a file so that it is there whole or not at all: everything goes to a new file beside it, is flushed to the
 /// disk, and takes the name only then. A link is kept and its file replaced; mode, owner and group of the earlier file
 /// stay where that is allowed. Programs that save the same file do so one after the other. `pieces` are written one
-/// behind the other. Throws FileError; then the folder holds what it held before.
+/// behind the other. Throws FileError, ChangedFile among them; then the folder holds what it held before.
 void replaceFile(const std::string& path, const std::vector<std::string_view>& pieces, const ReplaceRules& rules = {},
                  Faults& faults = noFaults());
 

@@ -75,7 +75,7 @@ void WriteFeatureTable(std::u16string_view path, const FeatureRows& rows)
 
 FeatureRows ReadLastState()
 {
-    FeatureRows rows = readRows(UserDataFolder() + kLastState, kStateDelimiter);
+    FeatureRows rows = readRows(UserDataPath() + kLastState, kStateDelimiter);
     for (FeatureRow& row : rows)
         if (equalNoCase(row.file, kNoFile))
             row.file.clear();

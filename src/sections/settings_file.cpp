@@ -17,6 +17,8 @@
 namespace
 {
 
+constexpr const char16_t* kSettingsFile = u"\\iniSymbol.cfg";
+
 struct Flag
 {
     DrawOption option;
@@ -134,11 +136,6 @@ void checkOptions(const DatabaseCS& database)
         throw std::invalid_argument("the drawing options are incomplete");
 }
 
-std::u16string settingsPath()
-{
-    return UserDataFolder() + u"\\iniSymbol.cfg";
-}
-
 void storeLines(DatabaseCS& database, std::string_view rest)
 {
     database.m_arrDrawFlags.assign(kDrawOptionCount, 0);
@@ -158,7 +155,7 @@ RunOptions g_RunOptions;
 void DatabaseCS::LoadSettings()
 {
     m_arrDrawFlags.clear();
-    if (const std::optional<std::string> bytes = ReadWholeFile(settingsPath()))
+    if (const std::optional<std::string> bytes = ReadWholeFile(UserDataPath() + kSettingsFile))
         storeLines(*this, *bytes);
     if (const auto& distances = g_RunOptions.distances)
     {
@@ -178,5 +175,5 @@ bool DatabaseCS::SaveSettings() const
         if (const auto text = std::visit(Show{*this}, setting.field))
             bytes += EncodeSettings(setting.key) + '=' + EncodeSettings(*text) + '\n';
     }
-    return ReplaceFile(settingsPath(), bytes);
+    return ReplaceFile(UserDataFolder() + kSettingsFile, bytes);
 }

@@ -10,9 +10,9 @@
 extern std::u16string ModuleFolder;
 
 /// Where the user's folder of the module is (or the one that the session was given in its place), whether it exists or
-/// not.
+/// not: for reading.
 std::u16string UserDataPath();
 
-/// That folder, for settings, last states and the scratch file. Its last level is made here when it is missing; that it
-/// cannot be made shows when a file in it cannot be written.
+/// That folder, for keeping settings, last states and the scratch file. Its last level is made here when it is missing;
+/// that it cannot be made shows when a file in it cannot be written.
 std::u16string UserDataFolder();

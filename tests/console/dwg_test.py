@@ -6,10 +6,9 @@ import shutil
 import unittest
 from unittest import mock
 
-from program import REAL_DATA, SAMPLE, SOURCE, ProgramTest, main
+from program import CONVERTER, REAL_DATA, SAMPLE, ProgramTest, main
 
 DRAWINGS = REAL_DATA and REAL_DATA / "dwg"
-CONVERTER = SOURCE / "tools" / "dwg2dxf" / "node_modules"
 with_real_dwg = unittest.skipUnless(REAL_DATA and CONVERTER.exists() and shutil.which("node"),
                                     "VELOXA_REAL_DATA is not set, or the converter is not installed")
 

@@ -15,6 +15,8 @@ SYMBOLS = SOURCE / "samples" / "symbols"
 # Real drawings are not part of the project: whoever has some says where. Nowhere else are they looked for.
 REAL_DATA = pathlib.Path(os.environ["VELOXA_REAL_DATA"]) if os.environ.get("VELOXA_REAL_DATA") else None
 
+CONVERTER = SOURCE / "tools" / "dwg2dxf" / "node_modules"
+
 # The auditor is Debian's package, whatever interpreter runs this.
 AUDIT = """
 import sys, ezdxf

@@ -6,7 +6,9 @@
 #include "disk/temporary.h"
 #include "support/temp_folder.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
@@ -118,6 +120,30 @@ TEST(ReplacedFile, ABackupThatIsAnotherNameOfTheFileIsReplacedToo)
     disk::replaceFile(shelf.path, {"new"}, {.keepEarlier = true});
     EXPECT_EQ(shelf.held(), "new|now");
     EXPECT_EQ(shelf.folder.count(), 2U);
+}
+
+TEST(ReplacedFile, IsWrittenInPlaceWhereNoOtherCanBeMadeAndKeepsItsBytesWhenThatFails)
+{
+    // A path that leaves no room for a temporary name: a folder that may not be written, for root as well.
+    constexpr size_t kLength = PATH_MAX - 10;
+    const TempFolder top;
+    std::string folder = top.path();
+    while (folder.size() < kLength - 1)
+        folder += '/' + std::string(std::min<size_t>(NAME_MAX, kLength - folder.size() - 1), 'd');
+    std::filesystem::create_directories(folder);
+    const std::string path = folder + "/a";
+    ASSERT_TRUE(disk::writeInPlace(path, "before"));
+
+    EXPECT_THROW(disk::replaceFile(path, {"new"}), disk::FileError);
+    DemandedSteps faults;
+    for (faults.room = 0; faults.room < 10; faults.room += 3)
+    {
+        EXPECT_THROW(disk::replaceFile(path, {"longer ", "than before"}, {.inPlaceIfNeeded = true}, faults),
+                     disk::FileError);
+        EXPECT_EQ(disk::readFile(path).view(), "before");
+    }
+    disk::replaceFile(path, {"new"}, {.inPlaceIfNeeded = true});
+    EXPECT_EQ(disk::readFile(path).view(), "new");
 }
 
 TEST(ReplacedFile, ASignalLeavesNoTemporaryFileAndEndsTheProgram)

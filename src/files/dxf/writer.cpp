@@ -1,9 +1,6 @@
 #include "files/dxf/writer.h"
 
-#include "disk/replace.h"
-#include "files/drawing_names.h"
-#include "files/error.h"
-#include "host/app/disk.h"
+#include "files/dxf/save.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
 #include "host/drawing/tags.h"
@@ -141,12 +138,7 @@ void DrawingPieces::assemble(std::string_view file)
 
 void DxfWriter::write(AcDbDatabase& database, const std::string& path)
 {
-    requireDrawingOutput(path);
-    if (!database.hasHandlesLeft())
-        throw FileError{path, "the drawing has no handles left for new objects: one of its objects has the last that "
-                              "there is, or one so near it that the new ones did not fit"};
-    const DrawingPieces drawing{database};
-    disk::replaceFile(path, drawing.pieces(), {.keepEarlier = true}, host::diskFaults());
+    saveDrawing(database, path);
 }
 
 } // namespace files

@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr char16_t kBackslashOfName = 0xDC5C;
+constexpr const char* kMakersFolder = "PLX";
 
 std::filesystem::path configHome()
 {
@@ -55,6 +56,8 @@ std::optional<std::u16string> roamingFolder()
     std::filesystem::create_directories(folder, error);
     if (!std::filesystem::is_directory(folder, error))
         return std::nullopt;
+    if (host::Session::hasCurrent())
+        std::filesystem::create_directory(folder / kMakersFolder, error);
     return modulePath(folder.string());
 }
 

@@ -18,8 +18,9 @@ std::u16string modulePath(std::string_view path);
 /// `path` as libraries and drawings keep it: a backslash separates levels there, also one that came from a name.
 std::u16string storedPath(std::u16string path);
 
-/// The user's folder for application data ($XDG_CONFIG_HOME, else ~/.config), made when it is missing; nothing when
-/// there is none and none can be made.
+/// The user's folder for application data ($XDG_CONFIG_HOME, else ~/.config), to keep something in: made when it is
+/// missing, and in a session also the folder of the maker's programs in it, "PLX", below which the module makes its
+/// own. Nothing when there is none and none can be made.
 std::optional<std::u16string> roamingFolder();
 
 /// Where that folder is, whether it exists or not; empty when there is none.

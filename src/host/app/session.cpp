@@ -1,6 +1,5 @@
 #include "host/app/session.h"
 
-#include "host/app/disk.h"
 #include "host/app/paths.h"
 #include "host/editor/command.h"
 #include "host/text.h"
@@ -15,16 +14,6 @@ namespace
 {
 
 Session* innermost = nullptr;
-
-/// The folder of the maker's programs, which the host makes at its start; the module makes its own below it.
-void makeDataFolder()
-{
-    if (const auto roaming = roamingFolder())
-    {
-        std::error_code ignored;
-        std::filesystem::create_directory(nativePath(*roaming + u"/PLX"), ignored);
-    }
-}
 
 std::vector<std::u16string> wordsOf(std::u16string_view line)
 {
@@ -48,8 +37,6 @@ Session::Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEn
       m_symbolSearch{m_options.symbolFolders}
 {
     innermost = this;
-    if (m_options.userDataFolder.empty() && !keepsNothing())
-        makeDataFolder();
 }
 
 Session::~Session()

@@ -89,7 +89,7 @@ TEST(Session, StartsAndStopsItsModule)
     EXPECT_THAT(messages, ElementsAre(AcRx::kInitAppMsg, AcRx::kUnloadAppMsg));
 }
 
-TEST(Session, MakesTheFolderOfTheUsersDataUnlessItIsGivenOne)
+TEST(Session, MakesTheFolderOfTheUsersDataWhenItIsAskedForUnlessItIsGivenOne)
 {
     const TempFolder home;
     const ScopedVariable config("XDG_CONFIG_HOME", (home.path() / "config").c_str());
@@ -103,6 +103,8 @@ TEST(Session, MakesTheFolderOfTheUsersDataUnlessItIsGivenOne)
     }
     const host::Session session{reader, writer, frontEnd};
     EXPECT_EQ(dataFolderOverride(), std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(home.path() / "config"));
+    EXPECT_EQ(roamingFolder(), home.modulePath("config"));
     EXPECT_TRUE(std::filesystem::is_directory(home.path() / "config/PLX"));
 }
 

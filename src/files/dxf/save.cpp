@@ -1,0 +1,23 @@
+#include "files/dxf/save.h"
+
+#include "disk/replace.h"
+#include "files/drawing_names.h"
+#include "files/dxf/writer.h"
+#include "files/error.h"
+#include "host/app/disk.h"
+#include "host/drawing/database.h"
+
+namespace files
+{
+
+void saveDrawing(AcDbDatabase& database, const std::string& path, const disk::FileStamp& seen)
+{
+    requireDrawingOutput(path);
+    if (!database.hasHandlesLeft())
+        throw FileError{path, "the drawing has no handles left for new objects: one of its objects has the last that "
+                              "there is, or one so near it that the new ones did not fit"};
+    const DrawingPieces drawing{database};
+    disk::replaceFile(path, drawing.pieces(), {.keepEarlier = true, .seen = seen}, host::diskFaults());
+}
+
+} // namespace files
