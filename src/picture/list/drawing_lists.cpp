@@ -71,6 +71,21 @@ double unitsInMetre(int64_t unit)
     }
 }
 
+/// A number of the header; the fallback where there is none that can be read.
+double realOr(HeaderVariables& header, const std::string& name, double fallback)
+{
+    TagReader pairs{header.pairs(name)};
+    try
+    {
+        Tag tag;
+        return pairs.next(tag) ? tag.real() : fallback;
+    }
+    catch (const DamagedValue&)
+    {
+        return fallback;
+    }
+}
+
 } // namespace
 
 AcDbObjectIdArray modelSpaceOf(AcDbDatabase& database)
@@ -88,14 +103,14 @@ DrawingLists::DrawingLists(AcDbDatabase& database, std::vector<std::string> font
     : m_database{database}, m_notes{notes}, m_looks{database, notes}, m_styles{database, std::move(fontFolders), notes}
 {
     HeaderVariables& header = database.header();
-    m_linetypeScale = header.real("$LTSCALE", 1.0);
+    m_linetypeScale = realOr(header, "$LTSCALE", 1.0);
     if (!(m_linetypeScale > 0.0) || !std::isfinite(m_linetypeScale))
         m_linetypeScale = 1.0;
-    m_pointStyle.mode = static_cast<int>(header.integer("$PDMODE", 0));
-    m_pointStyle.size = header.real("$PDSIZE", 0.0);
-    m_showsWeights = header.integer("$LWDISPLAY", 0) != 0;
-    m_arrowSize = header.real("$DIMASZ", 0.0) * header.real("$DIMSCALE", 1.0);
-    m_metre = unitsInMetre(header.integer("$INSUNITS", 0));
+    m_pointStyle.mode = static_cast<int>(header.integerOr("$PDMODE", 0));
+    m_pointStyle.size = realOr(header, "$PDSIZE", 0.0);
+    m_showsWeights = header.integerOr("$LWDISPLAY", 0) != 0;
+    m_arrowSize = realOr(header, "$DIMASZ", 0.0) * realOr(header, "$DIMSCALE", 1.0);
+    m_metre = unitsInMetre(header.integerOr("$INSUNITS", 0));
     m_lists.emplace_back();
 }
 

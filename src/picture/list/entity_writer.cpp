@@ -30,15 +30,6 @@ constexpr double kNameShare = 0.03;
 /// What is there to organise or to limit and has no look of its own.
 constexpr std::array<std::string_view, 4> kSilent{"VIEWPORT", "SEQEND", "LIGHT", "WIPEOUT"};
 
-/// Where a block's own origin lies, in its coordinates.
-AcGePoint3d basePointOf(const Container& block)
-{
-    AcGePoint3d base;
-    if (block.head != nullptr)
-        readInsertionPoint(block.head->view(), base);
-    return base;
-}
-
 /// Whether heights do not show in the plan of what the map places.
 bool keepsPlan(const AcGeMatrix3d& map)
 {
@@ -70,11 +61,19 @@ bool EntityWriter::isUsable(const Vertex& vertex)
 
 void EntityWriter::write(ObjectRecord& entity, const AcGeMatrix3d& toList)
 {
-    bool isInvisible = false;
-    m_look = m_lists.looks().lookOf(entity.view(), isInvisible);
+    const std::string_view kind = entity.database->dxfNameOf(entity);
     m_toList = toList;
-    if (!isInvisible)
-        writeKind(entity.database->dxfNameOf(entity), entity);
+    try
+    {
+        bool isInvisible = false;
+        m_look = m_lists.looks().lookOf(entity.view(), isInvisible);
+        if (!isInvisible)
+            writeKind(kind, entity);
+    }
+    catch (const DamagedValue&)
+    {
+        ++m_lists.notes().undrawn[std::string{kind} + ", damaged"];
+    }
 }
 
 void EntityWriter::writeKind(std::string_view kind, ObjectRecord& entity)
@@ -94,8 +93,8 @@ void EntityWriter::writeKind(std::string_view kind, ObjectRecord& entity)
         return writeHatch(pairs);
     if (kind == "POINT")
     {
-        AcGePoint3d at;
-        if (const Vertex v = readInsertionPoint(pairs, at) ? place(at) : Vertex{}; isUsable(v))
+        const std::optional<AcGePoint3d> at = readInsertionPoint(pairs);
+        if (const Vertex v = at ? place(*at) : Vertex{}; isUsable(v))
             m_list.add(Primitive::kDot, m_look, {&v, 1});
         return;
     }

@@ -29,6 +29,20 @@ Color trueColorOf(const Tag& tag)
     return {static_cast<int32_t>(tag.integer() & 0xFFFFFF)};
 }
 
+/// What `read` gives; the default where a number in it cannot be read.
+template <class T, class Read>
+T orDefault(T usual, const Read& read)
+{
+    try
+    {
+        return read();
+    }
+    catch (const DamagedValue&)
+    {
+        return usual;
+    }
+}
+
 bool matches(std::u16string_view pattern, std::u16string_view name)
 {
     if (pattern.empty())
@@ -59,7 +73,7 @@ void Looks::readLinetypes()
     for (const AcDbObjectId id : m_database.tables().live("LTYPE"))
     {
         m_linetypeOf.emplace(nameOfRecord(*id.record()), static_cast<int32_t>(m_linetypes.size()));
-        m_linetypes.push_back(readLinetype(id.record()->view()));
+        m_linetypes.push_back(orDefault(Linetype{}, [&] { return readLinetype(id.record()->view()); }));
     }
 }
 
@@ -90,7 +104,7 @@ void Looks::readLayers()
         addLayer({u"0"});
     for (const AcDbObjectId id : m_database.tables().live("LAYER"))
     {
-        Layer layer = readLayer(id.record()->view());
+        Layer layer = orDefault(Layer{nameOfRecord(*id.record())}, [&] { return readLayer(id.record()->view()); });
         const auto known = m_layerOf.find(layer.name);
         if (known != m_layerOf.end())
             m_layers[known->second] = std::move(layer);

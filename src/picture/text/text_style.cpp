@@ -118,7 +118,15 @@ const TextStyle& TextStyles::style(std::string_view raw)
     const ObjectRecord* listed = m_database.tables().find("STYLE", m_database.encoding().decode(raw));
     if (listed == nullptr)
         listed = m_database.tables().find("STYLE", u"Standard");
-    TextStyle style = listed != nullptr ? readStyle(listed->view()) : TextStyle{};
+    TextStyle style;
+    try
+    {
+        style = listed != nullptr ? readStyle(listed->view()) : style;
+    }
+    catch (const DamagedValue&)
+    {
+        m_notes.texts.insert("a damaged text style counts as the usual one");
+    }
     if (style.face.font == nullptr)
         style.face = strokeFace("txt");
     return m_byRawName.emplace(raw, style).first->second;
