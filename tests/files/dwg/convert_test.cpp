@@ -61,8 +61,8 @@ TEST(ConvertDwg, ABadFileCostsOnlyItself)
     ASSERT_THAT(outcomes, SizeIs(11));
     EXPECT_EQ(outcomes[0].dxf, dxfOf("first"));
     // On a machine that is busy with other work the clock may run out first.
-    EXPECT_THAT(outcomes[1].reason, AnyOf("the conversion took more than 1 s of processor time",
-                                          "the conversion did not end within 5 s"));
+    EXPECT_THAT(outcomes[1].reason,
+                AnyOf("the conversion took more than 1 s of processor time", "the conversion did not end within 5 s"));
     EXPECT_EQ(outcomes[2].dxf, dxfOf("second"));
     EXPECT_EQ(outcomes[3].reason, "the DWG converter broke down on it (signal 6)");
     EXPECT_THAT(outcomes[4].reason, HasSubstr("the DWG converter broke down on it"));
