@@ -7,8 +7,8 @@
 // It is distributed in the hope that it will be useful, but WITHOUT ANY WARRANTY; see the file COPYING beside it.
 
 // The library's DXF writer writes every layer as switched off, leaves out the widths and bulges of old-style 2-D
-// polylines, and writes no more than their name of entities that it cannot write. The decoded drawing has what is
-// missing; it is put back by handle. Bare names are taken out.
+// polylines, the colours of dimension styles as the format's own 32 bits, and no more than their name of entities that it
+// cannot write. The decoded drawing has what is missing; it is put back by handle. Bare names are taken out.
 
 import { objectsOf, tagsOf } from './drawing.mjs';
 
@@ -34,6 +34,14 @@ function decodedValues(library, drawing) {
 function layerColour(value, isOff) {
   const colour = Math.abs(Number.parseInt(value, 10));
   return `${isOff ? -colour : colour}\r\n`;
+}
+
+/** A colour index, of a colour whose high byte says by layer (C0), by block (C1), true colour (C2) or index (C3). */
+function colourIndex(value) {
+  const colour = Number.parseInt(value, 10);
+  if (colour >= 0 && colour <= 256) return `${colour}\r\n`;
+  const method = (colour >>> 24) & 0xff;
+  return `${method === 0xc1 ? 0 : method === 0xc3 ? colour & 0xff : 256}\r\n`;
 }
 
 function vertexTags(values) {
@@ -62,6 +70,7 @@ export function putBackWhatTheWriterLoses(library, drawing, dxf) {
       continue;
     }
     bareAt = -1;
+    if (type === 'DIMSTYLE' && code >= 176 && code <= 178) replace(valueAt, end, colourIndex(value()));
     if (type !== 'LAYER' && type !== 'VERTEX') continue;
     if (code === 5) handle = value().toUpperCase();
     else if (type === 'LAYER' && code === 62) replace(valueAt, end, layerColour(value(), layersOff.has(handle)));

@@ -90,3 +90,11 @@ test('what the DXF lacks is counted by kind; objects that draw nothing and frame
   const lost = lostEntities(libraryWith(objects), 1, dxfOf(['  0', 'LINE', '  5', '1a', '  0', 'EOF']));
   assert.deepStrictEqual([...lost], [['ACAD_TABLE', 1], ['UNKNOWN', 1], ['VERTEX', 2]]);
 });
+
+test('colours of dimension styles become indexes', () => {
+  const style = (colours) => ['  0', 'DIMSTYLE', '105', '30', ...colours.flatMap((colour) => ['176', colour])];
+
+  const dxf = repaired([], ...style(['-1056964608', '-1073741824', '-1023410173', '-1040187137', '7']), '  0', 'EOF');
+
+  assert.deepStrictEqual(dxf, [...style(['0', '256', '3', '256', '7']), '  0', 'EOF']);
+});
