@@ -105,6 +105,7 @@ Json keptSymbolsJson(const std::vector<KeptSymbol>& kept)
 std::string keptSymbolsText(const std::vector<KeptSymbol>& kept)
 {
     std::vector<std::string> codes;
+    codes.reserve(kept.size());
     for (const auto& [code, file, count] : kept)
         codes.push_back(code + " (" + std::to_string(count) + ", " + file + ")");
     return codes.empty() ? ""

@@ -188,7 +188,8 @@ public:
         for (size_t i = first; i < std::min(m_pages.size(), first + m_rows * m_columns); ++i)
         {
             const size_t at = i - first;
-            const double x = kMargin + static_cast<double>(at / m_rows) * columnWidth;
+            const size_t column = at / m_rows;
+            const double x = kMargin + static_cast<double>(column) * columnWidth;
             const double y = kMargin + kHeading + static_cast<double>(at % m_rows) * kRow;
             writeLine(canvas, m_pages[i].entry, place(x, y), kLetter * m_unit, ink);
             writeLine(canvas, numberText(i + pageCount() + 1), place(x + columnWidth - kGap, y), kLetter * m_unit, ink,
