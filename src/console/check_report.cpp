@@ -1,5 +1,6 @@
 #include "console/check_report.h"
 
+#include "console/json_text.h"
 #include "console/verdict.h"
 
 namespace console
@@ -49,15 +50,6 @@ Json lostJson(const std::vector<LostText>& texts)
             characters.push_back({{"character", character}, {"code", code}});
         json.push_back({{"text", text}, {"characters", std::move(characters)}});
     }
-    return json;
-}
-
-template <class List, class Convert>
-Json listJson(const List& list, Convert convert)
-{
-    Json json = Json::array();
-    for (const auto& element : list)
-        json.push_back(convert(element));
     return json;
 }
 

@@ -37,6 +37,16 @@ inline std::string handleText(AcDbObjectId id)
     return toUtf8(digits);
 }
 
+/// What `convert` makes of each element.
+template <class List, class Convert>
+Json listJson(const List& list, Convert convert)
+{
+    Json json = Json::array();
+    for (const auto& element : list)
+        json.push_back(convert(element));
+    return json;
+}
+
 /// One line of JSON. Bytes that are no UTF-8 (of paths) stand as letters of 8-bit Vietnamese.
 std::string oneLine(Json json);
 

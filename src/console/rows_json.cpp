@@ -41,15 +41,6 @@ Json planRow(const BlockFcode& row)
     return json;
 }
 
-template <class List, class Convert>
-Json listJson(const List& list, Convert convert)
-{
-    Json json = Json::array();
-    for (const auto& element : list)
-        json.push_back(convert(element));
-    return json;
-}
-
 Json sectionJson(const CrossSectionXdata& section)
 {
     return {{"name", toUtf8(section.m_strName)},
