@@ -19,7 +19,8 @@ ARROWS = {
     "plan": {"sections", "dbkit", "util", "resources", "host"},
     "frame/entry": {"sectiondraw", "plan", "settings", "sections", "dbkit", "frame/tracking", "util", "resources", "host"},
     "files": {"host", "store", "disk"},
-    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
+    "survey": {"util", "host", "store", "disk"},
+    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "survey", "host", "disk"},
     "picture": {"util", "host"},
     "desktop": {"picture", "frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
 }
