@@ -38,7 +38,11 @@ void DisplayList::add(Primitive::Kind kind, uint32_t look, std::span<const Verte
             for (size_t k = 1; k <= static_cast<size_t>(vertices[i].x); ++k)
                 m_itemBox.add(vertices[i + k].x, vertices[i + k].y);
     else if (kind == Primitive::kRay || kind == Primitive::kInfinite)
+    {
         m_itemBox.add(vertices[0].x, vertices[0].y);
+        if (m_endless.empty() || m_endless.back() != m_open)
+            m_endless.push_back(m_open);
+    }
     else
         for (const Vertex& vertex : vertices)
             m_itemBox.add(vertex.x, vertex.y);
@@ -110,7 +114,9 @@ std::vector<uint32_t> DisplayList::itemsIn(const Box2d& window)
     std::vector<uint32_t> found;
     m_places.visit([&window](const Box2d& box) { return box.isApart(window, 0.0); },
                    [&found](uint32_t item) { found.push_back(item); });
+    found.insert(found.end(), m_endless.begin(), m_endless.end());
     std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }
 

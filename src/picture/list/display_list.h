@@ -126,7 +126,9 @@ public:
     const Box2d& box(uint32_t item) const { return m_places.box(item); }
     /// Around everything.
     const Box2d& box() const { return m_box; }
-    /// The items whose boxes meet `window`, in drawing order.
+    /// Whether there are lines without end, which the box does not hold.
+    bool isEndless() const { return !m_endless.empty(); }
+    /// The items whose boxes meet `window`, in drawing order, and all lines without end.
     std::vector<uint32_t> itemsIn(const Box2d& window);
     /// Bytes that the list takes.
     size_t bytes() const;
@@ -143,6 +145,7 @@ private:
     std::vector<const Font*> m_fonts;
     std::vector<PlacedBlock> m_blocks;
     std::vector<Grid> m_grids;
+    std::vector<uint32_t> m_endless; ///< items
     BoxTree m_places;
     Box2d m_box;
     uint32_t m_open = 0; ///< the item at hand

@@ -127,6 +127,20 @@ DisplayList& DrawingLists::modelSpace()
     return list;
 }
 
+DisplayList& DrawingLists::space(const ObjectRecord* block)
+{
+    if (block == nullptr || m_database.blocks().isModelSpace(*block))
+        return modelSpace();
+    const auto [place, isFresh] = m_sheets.try_emplace(block, static_cast<uint32_t>(m_lists.size()));
+    if (isFresh)
+    {
+        m_lists.emplace_back();
+        fill(m_lists[place->second], inDrawOrder(m_database.blocks().entities(*block), block->handle));
+        m_lists[place->second].shrink();
+    }
+    return m_lists[place->second];
+}
+
 void DrawingLists::fill(DisplayList& list, const AcDbObjectIdArray& entities)
 {
     EntityWriter writer{*this, list};
@@ -220,9 +234,8 @@ void DrawingLists::update()
     m_seen = m_database.changeCount();
 }
 
-Box2d DrawingLists::shownBox()
+Box2d DrawingLists::shownBox(const DisplayList& list) const
 {
-    DisplayList& list = modelSpace();
     Box2d box;
     for (uint32_t i = 0; i < list.items().size(); ++i)
         for (const Primitive& primitive : list.primitives(list.items()[i]))

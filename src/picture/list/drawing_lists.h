@@ -38,6 +38,8 @@ public:
     DrawingLists& operator=(const DrawingLists&) = delete;
 
     DisplayList& modelSpace();
+    /// What stands in a space by its block record, as `spacesOf` names it; model space for null.
+    DisplayList& space(const ObjectRecord* block);
     /// Brings the lists up to date with the drawing: entities of model space that changed get new primitives, blocks
     /// whose contents changed are made anew.
     void update();
@@ -62,7 +64,8 @@ public:
     double metre() const { return m_metre; }
 
     /// The box of what is shown: layers that are frozen or off left out.
-    Box2d shownBox();
+    Box2d shownBox() { return shownBox(modelSpace()); }
+    Box2d shownBox(const DisplayList& list) const;
     /// Bytes of all lists together.
     size_t bytes() const;
 
@@ -82,6 +85,7 @@ private:
     TextStyles m_styles;
     std::deque<DisplayList> m_lists; ///< 0 is model space
     std::unordered_map<const Container*, Block> m_blocks;
+    std::unordered_map<const ObjectRecord*, uint32_t> m_sheets; ///< paper spaces by block record
     size_t m_depth = 0;
     bool m_isMade = false;
     uint64_t m_seen = 0; ///< the drawing's change count

@@ -37,9 +37,8 @@ Painter::Painter(DrawingLists& lists, Canvas& canvas, const Appearance& appearan
     m_reach = {page.minX - reach, page.minY - reach, page.maxX + reach, page.maxY + reach};
 }
 
-void Painter::paint(const Map2d& toPage)
+void Painter::paint(DisplayList& list, const Map2d& toPage)
 {
-    DisplayList& list = m_lists.modelSpace();
     const Scope scope{list, toPage, nullptr, 0};
     const double det = toPage.xx * toPage.yy - toPage.xy * toPage.yx;
     if (!std::isfinite(det) || det == 0.0)
@@ -49,21 +48,7 @@ void Painter::paint(const Map2d& toPage)
     const double low = (m_reach.minY - toPage.dy) / toPage.yy;
     const double high = (m_reach.maxY - toPage.dy) / toPage.yy;
     const Box2d window{std::min(left, right), std::min(low, high), std::max(left, right), std::max(low, high)};
-    const auto isEndless = [&list](const DisplayList::Item& item)
-    {
-        const auto primitives = list.primitives(item);
-        return !primitives.empty() &&
-               (primitives[0].kind == Primitive::kRay || primitives[0].kind == Primitive::kInfinite);
-    };
-    std::vector<uint32_t> items = list.itemsIn(window);
-    // Lines without end lie in the index at their base points only.
-    const size_t near = items.size();
-    for (uint32_t i = 0; i < list.items().size(); ++i)
-        if (isEndless(list.items()[i]) &&
-            !std::binary_search(items.begin(), items.begin() + static_cast<ptrdiff_t>(near), i))
-            items.push_back(i);
-    std::sort(items.begin(), items.end());
-    for (const uint32_t item : items)
+    for (const uint32_t item : list.itemsIn(window))
         paintItem(scope, item);
     m_canvas.flush();
 }
@@ -414,9 +399,10 @@ void Painter::paintBlock(const Scope& scope, const Primitive& primitive, const P
     DisplayList& list = m_lists.list(placed.block);
     const Scope inner{list, scope.toPage * placed.map, &pen, scope.depth + 1};
     const Box2d box = inner.toPage.boxAround(list.box());
-    if (box.isEmpty() || box.isApart(m_reach, 0.0))
+    if (box.isEmpty() || (box.isApart(m_reach, 0.0) && !list.isEndless()))
         return;
-    if (m_canvas.medium() == Medium::kPixels && std::max(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
+    if (!list.isEndless() && m_canvas.medium() == Medium::kPixels &&
+        std::max(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
     {
         usePen(pen);
         return paintSpeck(box);

@@ -29,7 +29,8 @@ public:
     Painter(DrawingLists& lists, Canvas& canvas, const Appearance& appearance, const Box2d& page);
 
     /// Paints model space; `toPage` carries drawing units.
-    void paint(const Map2d& toPage);
+    void paint(const Map2d& toPage) { paint(m_lists.modelSpace(), toPage); }
+    void paint(DisplayList& list, const Map2d& toPage);
 
 private:
     struct Scope
