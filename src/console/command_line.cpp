@@ -183,7 +183,7 @@ public:
     void run(int argc, char** argv)
     {
         if (argc < 2)
-            throw WrongUsage{"no command (\"veloxa help\" lists them)"};
+            openEmptyWindow(argv);
         if (const std::string first = argv[1]; !first.starts_with('-') && !isFileWord(first))
             if (find(first).get_name() == "render")
                 becomeDesktop(argv);
@@ -237,6 +237,13 @@ private:
             return find(topic).help(m_app.get_name());
         // The program's own help() would give that of the command that is running: "help".
         return m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal);
+    }
+
+    static void openEmptyWindow(char** words)
+    {
+        if (!hasDisplay())
+            throw WrongUsage{"no command (\"veloxa help\" lists them), and no display for the window"};
+        becomeDesktop(words);
     }
 
     void openWindow(char** words) const

@@ -7,4 +7,7 @@ namespace console
 /// this one was installed alone. Comes back only with Failure, when it is not there.
 [[noreturn]] void becomeDesktop(char** words);
 
+/// Whether the environment names a display that a window could be shown on.
+bool hasDisplay();
+
 } // namespace console

@@ -1,4 +1,5 @@
 #include "desktop/render_command.h"
+#include "desktop/window/run_window.h"
 
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
@@ -21,16 +22,16 @@ public:
     }
 
     CLI::App& app() { return m_app; }
-    void run(int& argc, char** argv)
+    int run(int& argc, char** argv)
     {
         if (!*m_render)
-            throw desktop::Failure{
-                "the desktop window is not part of this version yet; \"veloxa render\" makes pictures"};
+            return desktop::runWindow(argc, argv, m_drawings);
         // Pictures need no display.
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         const QGuiApplication application{argc, argv};
         desktop::render(m_arguments);
+        return 0;
     }
 
 private:
@@ -82,8 +83,7 @@ int main(int argc, char** argv)
     try
     {
         arguments.app().parse(argc, argv);
-        arguments.run(argc, argv);
-        return 0;
+        return arguments.run(argc, argv);
     }
     catch (const CLI::ParseError& error)
     {

@@ -1,5 +1,6 @@
 #include "desktop/render_command.h"
 
+#include "desktop/desk/desk.h"
 #include "desktop/quiet_front_end.h"
 #include "disk/replace.h"
 #include "files/dxf/writer.h"
@@ -11,7 +12,6 @@
 #include "picture/page/sections.h"
 #include "sections/section_list.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
@@ -20,22 +20,6 @@ namespace desktop
 
 namespace
 {
-
-std::string programFolder()
-{
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
-}
-
-std::vector<std::string> fontFolders(const RenderArguments& arguments, const std::string& drawing)
-{
-    std::vector<std::string> folders = arguments.fonts;
-    folders.push_back(std::filesystem::path{drawing}.parent_path().string());
-    folders.push_back(programFolder());
-    if (const char* home = std::getenv("HOME"))
-        folders.push_back(std::string{home} + "/.local/share/fonts");
-    return folders;
-}
 
 void write(const std::string& path, const std::string& bytes)
 {
@@ -98,7 +82,7 @@ void renderDrawing(const RenderArguments& arguments, const std::string& drawing,
     AcApDocument* document = session.documents().open(modulePath(drawing));
     picture::Notes notes;
     {
-        picture::DrawingLists lists{*document->database(), fontFolders(arguments, drawing), notes};
+        picture::DrawingLists lists{*document->database(), fontFolders(drawing, arguments.fonts), notes};
         std::vector<std::u16string> layers;
         for (const std::string& layer : arguments.layers)
             layers.push_back(toUtf16(layer));

@@ -8,12 +8,13 @@ from program import LIBRARY, SAMPLE, SYMBOLS, TABLE, ProgramTest, main
 
 class CommandLine(ProgramTest):
     def test_commands_and_files(self):
+        self.without_display()
         for words, status, says in (
                 (["bogus", "x.dxf"], 2, 'unknown command "bogus"'), (["drwa", SAMPLE, "-o", "x.dxf"], 2, 'nearest is "draw"'),
                 (["Chek"], 2, 'nearest is "check"'), (["help", "scna"], 2, 'nearest is "scan"'), ([], 2, "veloxa help"),
                 ([""], 2, "unknown command"), (["x" * 5000], 2, "unknown command"), (["missing.DXF"], 1, "no such file"),
                 (["missing.dwg"], 1, "no such file"), (["./missing"], 1, "no such file"),
-                ([SAMPLE], 1, "not part of this version"), (["b\x1b[2J\x7f\u0085"], 2, r'"b\x1b[2J\x7f\x85"'),
+                ([SAMPLE], 1, "no display"), (["b\x1b[2J\x7f\u0085"], 2, r'"b\x1b[2J\x7f\x85"'),
                 (["scan", SAMPLE, "--b\x1b"], 2, r"--b\x1b")):
             out, err = self.run_program(*words, status=status)
             self.assertIn(says, err)

@@ -56,6 +56,12 @@ class ProgramTest(unittest.TestCase):
         self.folder = pathlib.Path(holder.name)
         self.settings = self.folder / "settings"
 
+    def without_display(self):
+        """Programs that the test runs find no display, wherever the test itself runs."""
+        for name in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"):
+            if name in os.environ:
+                self.addCleanup(os.environ.__setitem__, name, os.environ.pop(name))
+
     def run_program(self, *arguments, status=0, cwd=None):
         """Standard output and standard error of a run that must end with `status`."""
         done = subprocess.run([os.environ["VELOXA"], *map(str, arguments)], capture_output=True, cwd=cwd or self.folder,
