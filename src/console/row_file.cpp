@@ -73,23 +73,17 @@ class RowCollector
 public:
     RowCollector(RowFile& file, FeatureKind kind) : m_file{file}, m_kind{kind} {}
 
-    void add(const std::u16string& key, const std::u16string& symbol, const std::array<std::u16string, 3>& numbers)
+    void add(const RowTexts& row)
     {
-        if (!m_keys.insert(key).second)
+        if (!m_keys.insert(row.key).second)
         {
-            m_file.problems.push_back("a second row for " + inQuotes(key) + " in " + titleOf(m_kind) +
+            m_file.problems.push_back("a second row for " + inQuotes(row.key) + " in " + titleOf(m_kind) +
                                       " does not count");
             return;
         }
-        m_file.rows.push_back({m_kind, key, symbol});
-        for (const std::u16string& number : numbers)
-        {
-            const std::string place = "row " + inQuotes(key) + " of " + titleOf(m_kind) + ": " + inQuotes(number);
-            if (!StartsWithReal(number) && !(number.empty() && m_kind == kTableCodes))
-                m_file.problems.push_back(place + " is no number and counts as 0");
-            else if (!std::isfinite(ToReal(number)))
-                m_file.problems.push_back(place + " is too large a number: drawings hold 0 in its place");
-        }
+        m_file.rows.push_back({m_kind, row.key, row.file});
+        for (const std::u16string* number : {&row.scaleX, &row.scaleY, &row.rotation})
+            checkNumber(row.key, *number);
     }
 
     void addBroken(const std::u16string& line)
@@ -100,6 +94,15 @@ public:
     }
 
 private:
+    void checkNumber(const std::u16string& key, const std::u16string& number)
+    {
+        const std::string place = "row " + inQuotes(key) + " of " + titleOf(m_kind) + ": " + inQuotes(number);
+        if (!StartsWithReal(number) && !(number.empty() && m_kind == kTableCodes))
+            m_file.problems.push_back(place + " is no number and counts as 0");
+        else if (!std::isfinite(ToReal(number)))
+            m_file.problems.push_back(place + " is too large a number: drawings hold 0 in its place");
+    }
+
     RowFile& m_file;
     FeatureKind m_kind;
     std::set<std::u16string, LessNoCase> m_keys;
@@ -142,7 +145,7 @@ RowFile readLibraryRows(const std::string& path)
         RowCollector rows{file, kind};
         for (const std::u16string& line : sections.tables[table])
             if (const auto row = ParseRow(line))
-                rows.add((*row)[0], (*row)[1], {(*row)[2], (*row)[3], (*row)[4]});
+                rows.add(*row);
             else
                 rows.addBroken(line);
     }
@@ -156,7 +159,7 @@ RowFile readTableRows(const std::string& path)
     RowCollector rows{file, kTableCodes};
     for (const std::u16string& line : linesOf(path, kTable))
         if (const auto row = ParseFeatureRow(line))
-            rows.add(row->code, row->file, {row->scaleX, row->scaleY, row->rotation});
+            rows.add(*row);
         else
             rows.addBroken(line);
     noteEmpty(file, path);

@@ -21,9 +21,8 @@ struct DrawnRow
 {
     FeatureKind kind;
     const std::u16string& name;
-    const std::u16string& file;
+    const SymbolLook& look;
     double offset;
-    double rotation;
 };
 
 template <class Action>
@@ -31,9 +30,9 @@ void forEachRow(const CrossSectionXdata& section, Action action)
 {
     for (const ListBlockData* rows : {&section.m_listBlockData1, &section.m_listBlockData2})
         for (const BlockData& row : *rows)
-            action(DrawnRow{kNames, row.m_strName, row.m_strFile, row.m_dOffset1, row.m_dRotation});
+            action(DrawnRow{kNames, row.m_strName, row, row.m_dOffset1});
     for (const BlockFcode& row : section.m_listBlockFcode1)
-        action(DrawnRow{kSectionCodes, row.m_strFcode, row.m_strFile, row.m_dOffset, row.m_dRotation});
+        action(DrawnRow{kSectionCodes, row.m_strFcode, row, row.m_dOffset});
 }
 
 void addSides(SectionFindings& findings, const SectionName& place, const CrossSectionXdata& section)
@@ -64,21 +63,21 @@ void addCoinciding(SectionFindings& findings, const SectionName& place, const Cr
 void addRows(SectionFindings& findings, const SectionName& place, const CrossSectionXdata& section)
 {
     std::set<std::u16string> files;
-    const auto note = [&](FeatureKind kind, const std::u16string& name, const std::u16string& file, double rotation)
+    const auto note = [&](FeatureKind kind, const std::u16string& name, const SymbolLook& look)
     {
-        if (!file.empty())
-            files.insert(file);
-        if (isWideRotation(rotation))
-            findings.wideRotations[{kind, name}] = rotation;
+        if (!look.m_strFile.empty())
+            files.insert(look.m_strFile);
+        if (isWideRotation(look.m_dRotation))
+            findings.wideRotations[{kind, name}] = look.m_dRotation;
     };
     forEachRow(section,
                [&](const DrawnRow& row)
                {
                    ++findings.rows;
-                   note(row.kind, row.name, row.file, row.rotation);
+                   note(row.kind, row.name, row.look);
                });
     for (const BlockFcode& row : section.m_listBlockFcode2)
-        note(kPlanCodes, row.m_strFcode, row.m_strFile, row.m_dRotation);
+        note(kPlanCodes, row.m_strFcode, row);
     for (const std::u16string& file : files)
         findings.sectionsOfFile[file].push_back(place);
 }

@@ -11,6 +11,7 @@ namespace
 {
 
 constexpr size_t kEndingLength = 4;
+constexpr double kScaleZ = 1.0;
 
 } // namespace
 
@@ -47,4 +48,12 @@ std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path)
         drawing->insert(id, name.c_str(), &symbol, true) != Acad::eOk)
         return std::nullopt;
     return id;
+}
+
+std::unique_ptr<AcDbBlockReference> MakeSymbol(const AcGePoint3d& point, AcDbObjectId block, const SymbolLook& look)
+{
+    auto symbol = std::make_unique<AcDbBlockReference>(point, block);
+    symbol->setScaleFactors({look.m_dScaleX, look.m_dScaleY, kScaleZ});
+    symbol->setRotation(look.m_dRotation);
+    return symbol;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
+#include "dbkit/symbol_look.h"
+#include "host/drawing/block_reference.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,3 +18,6 @@ bool CanNameSymbolBlock(std::u16string_view name);
 /// The block definition of a symbol file in the current drawing. A block of its name that is there already is the one,
 /// whatever it holds; else the file is read and inserted. Nothing when that fails. The caller holds the document lock.
 std::optional<AcDbObjectId> LoadSymbolBlock(const std::u16string& path);
+
+/// A fresh reference to a symbol's block, with the scales and rotation of a look.
+std::unique_ptr<AcDbBlockReference> MakeSymbol(const AcGePoint3d& point, AcDbObjectId block, const SymbolLook& look);

@@ -91,7 +91,7 @@ void DlgDrawFCode::OnInitDialog()
     for (size_t i = 0; i < codes.size(); ++i)
     {
         const FeatureRow* kept = FindFeatureRow(lastState, codes[i]);
-        FeatureRow row = kept != nullptr ? *kept : FeatureRow{{}, {}, kPlainScale, kPlainScale, kPlainRotation};
+        FeatureRow row = kept != nullptr ? *kept : FeatureRow{{{}, {}, kPlainScale, kPlainScale, kPlainRotation}};
         for (std::u16string* number : {&row.scaleX, &row.scaleY, &row.rotation})
             *number = asShown(*number);
         m_grid.SetItemText(static_cast<int>(i) + 1, kCode, codes[i]);
@@ -128,20 +128,17 @@ void DlgDrawFCode::MakeDataRow(int row)
 
 void DlgDrawFCode::ShowRow(int row, const FeatureRow& values)
 {
-    m_grid.SetItemText(row, kFile, values.file);
-    m_grid.SetItemText(row, kScaleX, values.scaleX);
-    m_grid.SetItemText(row, kScaleY, values.scaleY);
-    m_grid.SetItemText(row, kRotation, values.rotation);
+    for (int column = kFile; column <= kRotation; ++column)
+        m_grid.SetItemText(row, column, values.*kRowFields[static_cast<size_t>(column)]);
     m_grid.cellAs<CGridCellCheck>(row, kAtVertex)->SetCheck(values.atVertex);
 }
 
 FeatureRow DlgDrawFCode::ShownRow(int row)
 {
-    return {m_grid.GetItemText(row, kCode),
-            m_grid.GetItemText(row, kFile),
-            orElse(m_grid.GetItemText(row, kScaleX), kPlainScale),
-            orElse(m_grid.GetItemText(row, kScaleY), kPlainScale),
-            orElse(m_grid.GetItemText(row, kRotation), kPlainRotation),
+    return {{m_grid.GetItemText(row, kCode), m_grid.GetItemText(row, kFile),
+             orElse(m_grid.GetItemText(row, kScaleX), kPlainScale),
+             orElse(m_grid.GetItemText(row, kScaleY), kPlainScale),
+             orElse(m_grid.GetItemText(row, kRotation), kPlainRotation)},
             m_grid.cellAs<CGridCellCheck>(row, kAtVertex)->GetCheck()};
 }
 
@@ -193,7 +190,7 @@ void DlgDrawFCode::OnOK()
     for (size_t i = 0; i < codes.size(); ++i)
     {
         rows.push_back(ShownRow(static_cast<int>(i) + 1));
-        rows.back().code = codes[i];
+        rows.back().key = codes[i];
         TakeResults(rows.back());
     }
     WriteLastState(rows);
@@ -202,9 +199,10 @@ void DlgDrawFCode::OnOK()
 
 void DlgDrawFCode::TakeResults(const FeatureRow& row)
 {
-    files.push_back(row.file);
-    scaleX.push_back(ToReal(row.scaleX));
-    scaleY.push_back(ToReal(row.scaleY));
-    rotation.push_back(ToReal(row.rotation));
+    const SymbolLook look = row.look();
+    files.push_back(look.m_strFile);
+    scaleX.push_back(look.m_dScaleX);
+    scaleY.push_back(look.m_dScaleY);
+    rotation.push_back(look.m_dRotation);
     atVertex.push_back(row.atVertex ? 1 : 0);
 }

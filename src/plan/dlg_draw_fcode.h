@@ -23,6 +23,9 @@ public:
     std::vector<double> rotation; ///< radians
     std::vector<int> atVertex;    ///< 1: only where a point is a vertex of a survey polyline
 
+    /// After OK: what a code, by its place in the list, is shown with.
+    SymbolLook lookOf(size_t code) const { return {files[code], scaleX[code], scaleY[code], rotation[code]}; }
+
 protected:
     void OnInitDialog() override;
     void OnOK() override;

@@ -3,7 +3,6 @@
 #include "dbkit/placing.h"
 #include "dbkit/symbol_block.h"
 #include "dbkit/symbol_tables.h"
-#include "host/drawing/block_reference.h"
 #include "plan/dlg_draw_fcode.h"
 #include "plan/plan_symbols.h"
 #include "plan/survey.h"
@@ -25,11 +24,9 @@ void eraseSymbols()
     }
 }
 
-void placeSymbol(const AcGePoint3d& point, AcDbObjectId block, const DlgDrawFCode& table, size_t code)
+void placeSymbol(const AcGePoint3d& point, AcDbObjectId block, const SymbolLook& look)
 {
-    auto symbol = std::make_unique<AcDbBlockReference>(point, block);
-    symbol->setScaleFactors({table.scaleX[code], table.scaleY[code], 1.0});
-    symbol->setRotation(table.rotation[code]);
+    auto symbol = MakeSymbol(point, block, look);
     symbol->setLayer(kPlanLayer);
     AcDbObjectId id;
     AppendToSpace(std::move(symbol), id);
@@ -51,7 +48,7 @@ void placeSymbols(const std::vector<CodedPoint>& points, const DlgDrawFCode& tab
                 return;
             block = *loaded;
         }
-        placeSymbol(point.position, block, table, point.code);
+        placeSymbol(point.position, block, table.lookOf(point.code));
     }
 }
 

@@ -14,16 +14,15 @@ constexpr char16_t kStateDelimiter = u'#';
 constexpr std::u16string_view kNoFile = u"NULL"; ///< in the last state, where an empty field would not be kept
 constexpr const char16_t* kLastState = u"\\FcodeBD.cfg";
 
-constexpr size_t kLeastFields = 5;
-constexpr size_t kFieldsWithFlag = 6;
+constexpr size_t kFlag = kRowFields.size();
 
 std::optional<FeatureRow> parseRow(std::u16string_view line, char16_t delimiter)
 {
     const std::vector<std::u16string> fields = SplitFields(line, delimiter, EmptyFields::kSkip);
-    if (fields.size() < kLeastFields)
+    if (fields.size() < kRowFields.size())
         return std::nullopt;
-    const bool atVertex = fields.size() == kFieldsWithFlag && ToInteger(fields[5]) != 0;
-    return FeatureRow{fields[0], fields[1], fields[2], fields[3], fields[4], atVertex};
+    const bool atVertex = fields.size() == kFlag + 1 && ToInteger(fields[kFlag]) != 0;
+    return FeatureRow{MakeRow(fields), atVertex};
 }
 
 FeatureRows readRows(std::u16string_view path, char16_t delimiter)
@@ -39,12 +38,7 @@ void writeRows(std::u16string_view path, const FeatureRows& rows, char16_t delim
 {
     std::vector<std::u16string> lines;
     for (const FeatureRow& row : rows)
-    {
-        std::u16string& line = lines.emplace_back();
-        for (const std::u16string* field : {&row.code, &row.file, &row.scaleX, &row.scaleY, &row.rotation})
-            (line += *field) += delimiter;
-        line += row.atVertex ? u'1' : u'0';
-    }
+        (lines.emplace_back(JoinRow(row, delimiter)) += delimiter) += row.atVertex ? u'1' : u'0';
     WriteTextLines(path, lines);
 }
 
@@ -53,7 +47,7 @@ void writeRows(std::u16string_view path, const FeatureRows& rows, char16_t delim
 const FeatureRow* FindFeatureRow(const FeatureRows& rows, std::u16string_view code)
 {
     for (const FeatureRow& row : rows)
-        if (equalNoCase(row.code, code))
+        if (equalNoCase(row.key, code))
             return &row;
     return nullptr;
 }

@@ -1,18 +1,15 @@
 #pragma once
 
+#include "dbkit/symbol_look.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// One row of the plan's feature-code table, as its files keep it: what the user typed, unchanged.
-struct FeatureRow
+struct FeatureRow : RowTexts
 {
-    std::u16string code;
-    std::u16string file; ///< symbol drawing; empty for none
-    std::u16string scaleX;
-    std::u16string scaleY;
-    std::u16string rotation;
     bool atVertex = false; ///< only where a point is a vertex of a survey polyline
 };
 

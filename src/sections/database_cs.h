@@ -60,6 +60,11 @@ struct DatabaseCS
     std::u16string m_strAlignment; ///< name of the alignment chosen last
 
     ListItemReferenceLine m_listReferenceLines; ///< what the last scan found
+
+    /// The stored scales and rotation of symbols, without a file.
+    SymbolLook symbolScales() const { return {{}, m_dSymbolScaleX, m_dSymbolScaleY, m_dSymbolRotate}; }
+    /// Stores the scales and rotations of symbols and of the survey points on cross-sections.
+    void StoreScales(const SymbolLook& symbol, const SymbolLook& line);
 };
 
 extern DatabaseCS g_DatabaseCS;

@@ -9,21 +9,16 @@
 
 /// What the user set for one name or feature code: remembered from scan to scan, and shown as one row of the settings
 /// tables.
-struct SetName_Index
+struct SetName_Index : SymbolLook
 {
-    explicit SetName_Index(std::u16string name) : m_strName(std::move(name)) {}
-    explicit SetName_Index(const BlockData& row);
-    explicit SetName_Index(const BlockFcode& row);
-
-    /// Gives `row` the file, scales and rotation of this record.
-    void applyTo(BlockData& row) const;
-    void applyTo(BlockFcode& row) const;
+    explicit SetName_Index(std::u16string name, SymbolLook look = {})
+        : SymbolLook(std::move(look)), m_strName(std::move(name))
+    {
+    }
+    explicit SetName_Index(const BlockData& row) : SetName_Index(row.m_strName, row.look()) {}
+    explicit SetName_Index(const BlockFcode& row) : SetName_Index(row.m_strFcode, row.look()) {}
 
     std::u16string m_strName;
-    std::u16string m_strFile;
-    double m_dScaleX = 1.0;
-    double m_dScaleY = 1.0;
-    double m_dRotation = 0.0;
 };
 
 /// Records by name, in the order of their names without regard to case. Of two records whose names differ in case

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dbkit/symbol_look.h"
 #include "host/drawing/object_id.h"
 #include "host/geometry/point3d.h"
 #include "util/owning_list.h"
@@ -12,27 +13,19 @@
 /// drawing units, angles radians.
 
 /// A feature symbol on a section.
-struct BlockData
+struct BlockData : SymbolLook
 {
     std::u16string m_strName; ///< the feature's code
-    std::u16string m_strFile; ///< symbol drawing to place; empty for none
     double m_dOffset1 = 0.0;  ///< the (first) crossing
     double m_dOffset2 = 0.0;  ///< the second crossing; 0 when there is one only
-    double m_dScaleX = 1.0;
-    double m_dScaleY = 1.0;
-    double m_dRotation = 0.0;
-    AcDbObjectId m_idBlock; ///< the object near the section that the row came from; null for crossings
+    AcDbObjectId m_idBlock;   ///< the object near the section that the row came from; null for crossings
 };
 
 /// A coded survey point of a section.
-struct BlockFcode
+struct BlockFcode : SymbolLook
 {
     std::u16string m_strFcode;
-    std::u16string m_strFile; ///< symbol drawing to place; empty for none
     double m_dOffset = 0.0;
-    double m_dScaleX = 1.0;
-    double m_dScaleY = 1.0;
-    double m_dRotation = 0.0;
     AcGePoint3d m_ptPosition; ///< in the plan; set only in the rows drawn there
 };
 

@@ -13,7 +13,7 @@ struct RememberedSettings
     static void apply(const NameSet& set, const std::u16string& name, Row& row)
     {
         if (const SetName_Index* remembered = set.find(name))
-            remembered->applyTo(row);
+            row.look() = remembered->look();
     }
 
     NameSet symbols;

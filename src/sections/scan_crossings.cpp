@@ -32,7 +32,7 @@ void addRow(CrossSectionXdata& section, const LineCrossing& crossing, const std:
     row.m_dOffset1 = offsetOf(section, crossing.first);
     row.m_dOffset2 = crossing.second ? offsetOf(section, *crossing.second) : 0.0;
     if (remembered != nullptr)
-        remembered->applyTo(row);
+        row.look() = remembered->look();
 }
 
 } // namespace

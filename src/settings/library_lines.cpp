@@ -10,6 +10,7 @@ namespace
 
 constexpr std::array<std::u16string_view, kLibraryTableCount> kTableMarkers{u"[SYMBOL]", u"[TN]", u"[BD]"};
 constexpr std::u16string_view kGeneralMarker = u"[ALL]";
+constexpr char16_t kDelimiter = u',';
 
 void appendSection(TextLines& lines, std::u16string_view marker, const TextLines& section)
 {
@@ -32,8 +33,8 @@ TextLines* sectionOf(LibraryLines& sections, std::u16string_view line, GeneralSe
 
 struct ByKey
 {
-    bool operator()(const RowTexts& a, const RowTexts& b) const { return less(a.front(), b.front()); }
-    bool operator()(const RowTexts& a, std::u16string_view b) const { return less(a.front(), b); }
+    bool operator()(const RowTexts& a, const RowTexts& b) const { return less(a.key, b.key); }
+    bool operator()(const RowTexts& a, std::u16string_view b) const { return less(a.key, b); }
     LessNoCase less;
 };
 
@@ -66,7 +67,7 @@ std::optional<GeneralTexts> ParseGeneralLine(const TextLines& lines)
 {
     if (lines.empty())
         return std::nullopt;
-    const std::vector<std::u16string> fields = SplitFields(lines.front(), u',', EmptyFields::kSkip);
+    const std::vector<std::u16string> fields = SplitFields(lines.front(), kDelimiter, EmptyFields::kSkip);
     if (fields.size() != 4)
         return std::nullopt;
     return GeneralTexts{fields[0], fields[1], fields[2], fields[3]};
@@ -74,10 +75,7 @@ std::optional<GeneralTexts> ParseGeneralLine(const TextLines& lines)
 
 std::u16string JoinRow(const RowTexts& row)
 {
-    std::u16string line = row.front();
-    for (size_t field = 1; field < row.size(); ++field)
-        line += u"," + row[field];
-    return line;
+    return JoinRow(row, kDelimiter);
 }
 
 std::u16string_view MarkerOf(LibraryTable table)
@@ -87,12 +85,10 @@ std::u16string_view MarkerOf(LibraryTable table)
 
 std::optional<RowTexts> ParseRow(std::u16string_view line)
 {
-    std::vector<std::u16string> fields = SplitFields(line, u',', EmptyFields::kSkip);
-    RowTexts row;
-    if (fields.size() != row.size())
+    const std::vector<std::u16string> fields = SplitFields(line, kDelimiter, EmptyFields::kSkip);
+    if (fields.size() != kRowFields.size())
         return std::nullopt;
-    std::move(fields.begin(), fields.end(), row.begin());
-    return row;
+    return MakeRow(fields);
 }
 
 RowLookup::RowLookup(const TextLines& lines)
@@ -106,5 +102,5 @@ RowLookup::RowLookup(const TextLines& lines)
 const RowTexts* RowLookup::find(std::u16string_view key) const
 {
     const auto at = std::lower_bound(m_rows.begin(), m_rows.end(), key, ByKey{});
-    return at != m_rows.end() && equalNoCase(at->front(), key) ? &*at : nullptr;
+    return at != m_rows.end() && equalNoCase(at->key, key) ? &*at : nullptr;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dbkit/symbol_look.h"
+
 #include <array>
 #include <optional>
 #include <string>
@@ -56,10 +58,6 @@ struct GeneralTexts
 
 /// Those of the first line when it holds exactly four.
 std::optional<GeneralTexts> ParseGeneralLine(const TextLines& lines);
-
-/// One row of a table as text: the name or feature code that it is about, the symbol drawing, both scales and the
-/// rotation as the cells show them.
-using RowTexts = std::array<std::u16string, 5>;
 
 /// The row as a line, joined by ",".
 std::u16string JoinRow(const RowTexts& row);

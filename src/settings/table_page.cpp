@@ -34,6 +34,12 @@ constexpr int kButtonPressed = 0;
 
 constexpr int kButtonGap = 10;
 
+/// Which text of a row a column shows.
+constexpr std::u16string RowTexts::*textOf(int column)
+{
+    return kRowFields[static_cast<size_t>(column)];
+}
+
 } // namespace
 
 TableSettingPage::TableSettingPage(LibraryFiles& library, const TablePageKind& kind)
@@ -132,7 +138,7 @@ RowTexts TableSettingPage::RowAt(int row) const
 {
     RowTexts texts;
     for (int column = 0; column < kColumnCount; ++column)
-        texts[static_cast<size_t>(column)] = m_grid.GetItemText(row, column);
+        texts.*textOf(column) = m_grid.GetItemText(row, column);
     return texts;
 }
 
@@ -143,12 +149,7 @@ void TableSettingPage::ApplySettings()
     for (int row = 1; row <= rows; ++row)
     {
         const RowTexts texts = RowAt(row);
-        SetName_Index record{texts[kKey]};
-        record.m_strFile = texts[kFile];
-        record.m_dScaleX = ToReal(texts[kScaleX]);
-        record.m_dScaleY = ToReal(texts[kScaleY]);
-        record.m_dRotation = ToReal(texts[kRotation]);
-        m_setRows.insert(std::move(record));
+        m_setRows.insert(SetName_Index{texts.key, texts.look()});
     }
     if (rows != 0)
         ForEachChosenSection([this](CrossSectionXdata& section) { m_kind.apply(m_setRows, section); });
@@ -159,7 +160,7 @@ TextLines TableSettingPage::CollectTableRows() const
     TextLines lines;
     for (int row = 1; row < m_grid.GetRowCount(); ++row)
     {
-        if (const RowTexts texts = RowAt(row); !texts[kFile].empty())
+        if (const RowTexts texts = RowAt(row); !texts.file.empty())
             lines.push_back(JoinRow(texts));
     }
     return lines;
@@ -172,7 +173,7 @@ void TableSettingPage::LoadTableRows(const TextLines& lines)
     {
         const RowTexts* found = lookup.find(m_grid.GetItemText(row, kKey));
         for (int column = kFile; found != nullptr && column < kColumnCount; ++column)
-            m_grid.SetItemText(row, column, (*found)[static_cast<size_t>(column)]);
+            m_grid.SetItemText(row, column, found->*textOf(column));
     }
 }
 
@@ -186,10 +187,8 @@ void TableSettingPage::ClearTable()
     for (std::u16string DatabaseCS::*text :
          {&DatabaseCS::m_strPathSelect, &DatabaseCS::m_strFileSymbolLastSelect, &DatabaseCS::m_strFileLineLastSelect})
         (g_DatabaseCS.*text).clear();
-    for (double DatabaseCS::*number :
-         {&DatabaseCS::m_dSymbolScaleX, &DatabaseCS::m_dSymbolScaleY, &DatabaseCS::m_dSymbolRotate,
-          &DatabaseCS::m_dLineScaleX, &DatabaseCS::m_dLineScaleY, &DatabaseCS::m_dLineRotate})
-        g_DatabaseCS.*number = 0.0;
+    const SymbolLook zero{{}, 0.0, 0.0, 0.0};
+    g_DatabaseCS.StoreScales(zero, zero);
 }
 
 void TableSettingPage::PickBlockFile(const GridClick& click)

@@ -35,7 +35,7 @@ void applySymbols(const NameSet& rows, CrossSectionXdata& section)
         for (BlockData& symbol : *list)
         {
             if (const SetName_Index* record = rows.find(symbol.m_strName))
-                record->applyTo(symbol);
+                symbol.look() = record->look();
         }
     }
 }
@@ -46,7 +46,7 @@ void applyFcodes(const NameSet& rows, CrossSectionXdata& section)
     for (BlockFcode& point : section.*list)
     {
         if (const SetName_Index* record = rows.find(point.m_strFcode))
-            record->applyTo(point);
+            point.look() = record->look();
     }
 }
 

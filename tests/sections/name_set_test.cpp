@@ -48,7 +48,7 @@ TEST(NameSet, ARecordCarriesWhatTheUserSetFromRowToRow)
 
     BlockData to;
     to.m_dOffset1 = 9;
-    SetName_Index(from).applyTo(to);
+    to.look() = SetName_Index(from).look();
 
     EXPECT_EQ(to.m_strFile, u"cay.dwg");
     EXPECT_THAT((std::vector{to.m_dScaleX, to.m_dScaleY, to.m_dRotation, to.m_dOffset1}), ElementsAre(2, 3, 0.5, 9));
