@@ -8,7 +8,7 @@
 #include "host/drawing/symbol_tables.h"
 #include "sectiondraw/alignment_drawing.h"
 #include "sectiondraw/draw_style.h"
-#include "sectiondraw/ground_point.h"
+#include "sectiondraw/ground_line.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
 #include "util/document_lock.h"
@@ -118,15 +118,16 @@ void GroundPoint(benchmark::State& state)
     space->appendAcDbEntity(section.m_idGroundLine, line);
     line->close();
 
+    GroundLine ground(section);
     double offset = 0.0;
     for (auto _ : state)
     {
         // Offsets all over the line, in no order.
         offset = offset > 0.0 ? offset - 31.37 : offset + 17.91;
-        const auto ground = FindGroundPoint(section, offset);
-        if (!ground)
+        const auto point = ground.FindGroundPoint(offset);
+        if (!point)
             state.SkipWithError("no ground");
-        benchmark::DoNotOptimize(ground);
+        benchmark::DoNotOptimize(point);
     }
 }
 

@@ -11,7 +11,7 @@
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
 #include "sectiondraw/draw_style.h"
-#include "sectiondraw/ground_point.h"
+#include "sectiondraw/ground_line.h"
 #include "sections/database_cs.h"
 #include "util/document_lock.h"
 
@@ -60,7 +60,7 @@ void checkSection(CheckReport& report, const std::string& alignment, const Cross
 {
     report.features.add(section);
     const CheckedSection place{alignment, toUtf8(section.m_strName), {}};
-    if (!HasGroundLine(section))
+    if (!GroundLine(section).isReadable())
         report.withoutGroundLine.push_back(place);
     else if (std::vector<std::string> names = withoutGround(section); !names.empty())
         report.withoutGround.push_back({place.alignment, place.section, std::move(names)});

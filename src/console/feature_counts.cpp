@@ -1,6 +1,6 @@
 #include "console/feature_counts.h"
 
-#include "sectiondraw/ground_point.h"
+#include "sectiondraw/ground_line.h"
 #include "sections/records.h"
 
 namespace console
@@ -37,9 +37,10 @@ std::vector<std::u16string> FeatureCounts::files() const
 std::vector<std::string> withoutGround(const CrossSectionXdata& section)
 {
     std::set<std::string> names;
+    GroundLine ground(section);
     const auto probe = [&](const std::u16string& name, double offset)
     {
-        if (!FindGroundPoint(section, offset))
+        if (!ground.FindGroundPoint(offset))
             names.insert(toUtf8(name));
     };
     for (const ListBlockData* rows : {&section.m_listBlockData1, &section.m_listBlockData2})

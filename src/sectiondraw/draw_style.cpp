@@ -8,10 +8,11 @@ namespace
 constexpr int kHostColor = 0;
 constexpr unsigned kOn = 1;
 
-OptionStyle optionStyle(const DatabaseCS& settings, DrawOption option, int color)
+OptionStyle optionStyle(const DatabaseCS& settings, DrawOption option, int color, bool makesLayer)
 {
     const auto& layers = settings.m_arrLayerNames;
-    return {settings.m_arrDrawFlags[option] == kOn, option < layers.size() ? layers[option] : std::u16string{}, color};
+    return {settings.m_arrDrawFlags[option] == kOn, option < layers.size() ? layers[option] : std::u16string{}, color,
+            makesLayer};
 }
 
 } // namespace
@@ -26,13 +27,13 @@ DrawStyle MakeDrawStyle(const DatabaseCS& settings)
 
     const size_t flags = settings.m_arrDrawFlags.size();
     if (flags > kFcodeText)
-        style.symbolLabel = optionStyle(settings, kSymbolText, settings.m_nColorSymbolText);
+        style.symbolLabel = optionStyle(settings, kSymbolText, settings.m_nColorSymbolText, false);
     if (flags > kSymbol)
-        style.symbolBlock = optionStyle(settings, kSymbol, kHostColor);
+        style.symbolBlock = optionStyle(settings, kSymbol, kHostColor, true);
     if (flags == kDrawOptionCount)
     {
-        style.fcodeLabel = optionStyle(settings, kFcodeText, settings.m_nColorFcodeText);
-        style.fcodeBlock = optionStyle(settings, kFcode, kHostColor);
+        style.fcodeLabel = optionStyle(settings, kFcodeText, settings.m_nColorFcodeText, true);
+        style.fcodeBlock = optionStyle(settings, kFcode, kHostColor, true);
     }
     return style;
 }

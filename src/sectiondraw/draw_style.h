@@ -10,8 +10,9 @@ struct DatabaseCS;
 struct OptionStyle
 {
     bool on = false;
-    std::u16string layer; ///< empty for the drawing's current one
-    int color = 0;        ///< 1 to 255 of the palette; anything else leaves the colour as the host gives it
+    std::u16string layer;    ///< empty for the drawing's current one
+    int color = 0;           ///< 1 to 255 of the palette; anything else leaves the colour as the host gives it
+    bool makesLayer = false; ///< one that the drawing does not have is made; else it is left out
 };
 
 /// How a drawing run shows features on sections, worked out once from the shared settings.

@@ -13,3 +13,9 @@ std::optional<AcDbObjectId> SymbolBlocks::load(const std::u16string& file)
             entry->second = id;
     return entry->second;
 }
+
+void DrawingRun::ensureLayer(const OptionStyle& option)
+{
+    if (option.makesLayer && m_layers.insert(option.layer).second)
+        EnsureLayer(option.layer);
+}

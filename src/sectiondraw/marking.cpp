@@ -2,7 +2,6 @@
 
 #include "dbkit/resbuf_chain.h"
 #include "host/drawing/object.h"
-#include "util/document_lock.h"
 
 namespace
 {
@@ -24,7 +23,6 @@ CResbuf geoPointData(const std::u16string& code)
 
 void MarkGeoPoint(AcDbObjectId id, const std::u16string& code)
 {
-    const OpenForWrite lock;
     const AcDbObjectPointer<AcDbObject> object(id);
     if (!object)
         return;

@@ -1,7 +1,7 @@
 #include "host/drawing/polyline.h"
 #include "host/text.h"
 #include "section_desk.h"
-#include "sectiondraw/ground_point.h"
+#include "sectiondraw/ground_line.h"
 
 #include <gmock/gmock.h>
 
@@ -232,8 +232,9 @@ TEST_F(DrawnSection, GroundIsLookedForUpwardsAndNotTooFar)
     one.section.ground({{-20, 1000}, {0, 1000}, {0, 1000.5}, {4, 1000.5}, {4, 3}, {6, 3}, {6, 9}, {4, 9}});
     dss(one.drawing);
 
-    EXPECT_DOUBLE_EQ(FindGroundPoint(section(0), -1).value().y, 1050);
-    EXPECT_FALSE(FindGroundPoint(section(0), 2));
-    EXPECT_DOUBLE_EQ(FindGroundPoint(section(0), 5).value().y, 53) << "the first along the ground line";
-    EXPECT_FALSE(FindGroundPoint(section(0), 7));
+    GroundLine ground(section(0));
+    EXPECT_DOUBLE_EQ(ground.FindGroundPoint(-1).value().y, 1050);
+    EXPECT_FALSE(ground.FindGroundPoint(2));
+    EXPECT_DOUBLE_EQ(ground.FindGroundPoint(5).value().y, 53) << "the first along the ground line";
+    EXPECT_FALSE(ground.FindGroundPoint(7));
 }
