@@ -99,19 +99,18 @@ AcDbObjectIdArray selectBand(const CrossSectionXdata& section, const AcGeVector3
     return filter.ids();
 }
 
-BlockData makeRow(AcDbObjectId id, NearObject object, const OffsetFinder& finder)
+BlockData makeRow(AcDbObjectId id, NearObject object, const OffsetFinder& finder, const SymbolLook& look)
 {
     BlockData row;
+    row.look() = look;
     row.m_idBlock = id;
     row.m_dOffset1 = finder.offsetOf(object.position);
     row.m_strName = std::move(object.code);
-    row.m_dScaleX = g_DatabaseCS.m_dSymbolScaleX;
-    row.m_dScaleY = g_DatabaseCS.m_dSymbolScaleY;
-    row.m_dRotation = g_DatabaseCS.m_dSymbolRotate;
     return row;
 }
 
-void refresh(CrossSectionXdata& section, double forward, double backward, SurveyInfoReader& info)
+void refresh(CrossSectionXdata& section, double forward, double backward, const SymbolLook& look,
+             SurveyInfoReader& info)
 {
     const ListBlockData old = std::move(section.m_listBlockData1);
     section.m_listBlockData1.clear();
@@ -127,7 +126,7 @@ void refresh(CrossSectionXdata& section, double forward, double backward, Survey
         if (!object)
             continue;
         const auto known = oldById.find(id);
-        BlockData row = known != oldById.end() ? *known->second : makeRow(id, std::move(*object), finder);
+        BlockData row = known != oldById.end() ? *known->second : makeRow(id, std::move(*object), finder, look);
         if (std::fabs(row.m_dOffset1) > 0.0)
             section.m_listBlockData1.append(std::move(row));
     }
@@ -135,19 +134,20 @@ void refresh(CrossSectionXdata& section, double forward, double backward, Survey
 
 } // namespace
 
-void RefreshSection(CrossSectionXdata& section, double forward, double backward)
+void RefreshSection(CrossSectionXdata& section, double forward, double backward, const SymbolLook& look)
 {
     const OpenForWrite lock;
     SurveyInfoReader info;
-    refresh(section, forward, backward, info);
+    refresh(section, forward, backward, look, info);
 }
 
 void RefreshAllSections(DatabaseCS& database)
 {
     const OpenForWrite lock;
+    const SymbolLook look = database.symbolScales();
     SurveyInfoReader info;
     for (ItemReferenceLine& alignment : database.m_listReferenceLines)
         if (BelongsToDrawing(alignment))
             for (CrossSectionXdata& section : alignment.m_listCrossSections)
-                refresh(section, database.m_dForwardDistance, database.m_dBackwardDistance, info);
+                refresh(section, database.m_dForwardDistance, database.m_dBackwardDistance, look, info);
 }

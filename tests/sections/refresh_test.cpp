@@ -19,18 +19,15 @@ namespace
 class Refresh : public testing::Test
 {
 protected:
-    Refresh() { g_DatabaseCS = DatabaseCS{}; }
-    ~Refresh() override { g_DatabaseCS = DatabaseCS{}; }
-
     /// A section square to the x axis, end A above it, 20 to each side when not said otherwise.
     void open(double extent1 = 20, double extent2 = 20)
     {
         drawing.alignment("T1").extents(extent1, extent2).section("C1", {0, 20}, {0, -20});
         session.open(drawing.dxf());
-        ScanCrossSections(g_DatabaseCS);
+        ScanCrossSections(tree);
         acedCommandS({u"Zoom", u"e"});
     }
-    CrossSectionXdata& section() { return g_DatabaseCS.m_listReferenceLines[0].m_listCrossSections[0]; }
+    CrossSectionXdata& section() { return tree.m_listReferenceLines[0].m_listCrossSections[0]; }
     std::vector<std::string> rows()
     {
         std::vector<std::string> lines;
@@ -41,6 +38,7 @@ protected:
 
     TestSession session;
     TestDrawing drawing;
+    DatabaseCS tree;
 };
 
 } // namespace
@@ -61,11 +59,8 @@ TEST_F(Refresh, CodedObjectsInTheBandBecomeRowsInTheDrawingsOrder)
     drawing.point("TOO FAR BEHIND", {3.1, -2, 0});
     drawing.point("BEYOND", {0, 20.5, 0});
     open();
-    g_DatabaseCS.m_dSymbolScaleX = 2;
-    g_DatabaseCS.m_dSymbolScaleY = 3;
-    g_DatabaseCS.m_dSymbolRotate = 0.5;
 
-    RefreshSection(section(), 5, 3);
+    RefreshSection(section(), 5, 3, {{}, 2, 3, 0.5});
 
     EXPECT_THAT(rows(), ElementsAre("TOWARDS A -3", "CAY 7", "AHEAD 1", "BEHIND 2"));
     const BlockData& first = section().m_listBlockData1[0];
@@ -84,7 +79,7 @@ TEST_F(Refresh, ABandOfUnequalHalvesEndsAheadWhereItsSecondHalfDoes)
     drawing.point("BEYOND B", {0, -11, 0});
     open(40, 10);
 
-    RefreshSection(section(), 5, 3);
+    RefreshSection(section(), 5, 3, {});
 
     EXPECT_THAT(rows(), ElementsAre("BEHIND, FAR -30", "AHEAD, NEAR -9"));
 }
@@ -94,7 +89,7 @@ TEST_F(Refresh, WhatIsFarAheadCountsAsLongAsTheProbeReachesIt)
     drawing.point("NEARER", {-900, 5, 0});
     drawing.point("FARTHER", {-1100, 5, 0});
     open();
-    RefreshSection(section(), 2000, 5);
+    RefreshSection(section(), 2000, 5, {});
     EXPECT_THAT(rows(), ElementsAre("NEARER -5"));
 }
 
@@ -103,7 +98,7 @@ TEST_F(Refresh, RowsOfObjectsThatAreStillThereStayAsTheyAre)
     const uint64_t kept = drawing.point("KEPT", {0, 3, 0});
     drawing.point("GONE", {4, 3, 0});
     open();
-    RefreshSection(section(), 5, 5);
+    RefreshSection(section(), 5, 5, {});
     ASSERT_THAT(rows(), ElementsAre("KEPT -3", "GONE -3"));
     BlockData& row = section().m_listBlockData1[0];
     row.m_strFile = u"C:\\Cay.dwg";
@@ -111,7 +106,7 @@ TEST_F(Refresh, RowsOfObjectsThatAreStillThereStayAsTheyAre)
     row.m_dOffset1 = -11;
     row.m_strName = u"RENAMED";
 
-    RefreshSection(section(), 3, 3);
+    RefreshSection(section(), 3, 3, {});
 
     ASSERT_THAT(rows(), ElementsAre("RENAMED -11"));
     EXPECT_EQ(section().m_listBlockData1[0].m_strFile, u"C:\\Cay.dwg");
@@ -119,7 +114,7 @@ TEST_F(Refresh, RowsOfObjectsThatAreStillThereStayAsTheyAre)
     EXPECT_EQ(section().m_listBlockData1[0].m_idBlock.handle().value(), kept);
 
     section().m_listBlockData1[0].m_dOffset1 = 0;
-    RefreshSection(section(), 3, 3);
+    RefreshSection(section(), 3, 3, {});
     EXPECT_THAT(rows(), IsEmpty());
 }
 
@@ -129,7 +124,7 @@ TEST_F(Refresh, SeesOnlyWhatTheViewShows)
     drawing.point("HIDDEN", {0, -3, 0});
     open();
     acedCommandS({u"Zoom", u"-9,1", u"9,9"});
-    RefreshSection(section(), 5, 5);
+    RefreshSection(section(), 5, 5, {});
     EXPECT_THAT(rows(), ElementsAre("SHOWN -3"));
 }
 
@@ -137,11 +132,13 @@ TEST_F(Refresh, AllSectionsMeansThoseOfTheCurrentDrawing)
 {
     drawing.point("P", {0, 3, 0});
     open();
-    g_DatabaseCS.m_dForwardDistance = 1;
-    RefreshAllSections(g_DatabaseCS);
+    tree.m_dForwardDistance = 1;
+    tree.StoreScales({{}, 2, 3, 0.5}, {});
+    RefreshAllSections(tree);
     EXPECT_THAT(rows(), ElementsAre("P -3"));
+    EXPECT_EQ(section().m_listBlockData1[0].m_dScaleY, 3);
 
     session.open(TestDrawing{}.dxf());
-    RefreshAllSections(g_DatabaseCS);
+    RefreshAllSections(tree);
     EXPECT_THAT(rows(), ElementsAre("P -3"));
 }
