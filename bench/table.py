@@ -45,6 +45,8 @@ LINES += [
     at_most("Whole scan, 10 km", "Scan/10km", "Load/10km", 2, "load of the same drawing"),
     at_most("RefreshAllSections, 1,000 sections", "Refresh/1000", "Positions/1000", 3, "one pass that reads every position"),
     faster("RefreshAllSections, 1,000 sections", "Refresh/1000", "RefreshPlain/1000", 100, "every object for every section"),
+    faster("10,000 sections through 1,000,000 triangles", "CutSections/10000x1000000", "CutSectionsPlain/10000x1000000",
+           None, PLAIN),
 ]
 # Times by themselves: the benchmark, what one item is, how the measured rate is shown and what it must be.
 RATES = [
@@ -54,6 +56,10 @@ RATES = [
      lambda s: s["time"] <= 50e-9),
     ("Vertex test, 100,000 points × 1,000,000 vertices", "VertexTest", lambda s: show(s["time"]), "< 1 s",
      lambda s: s["time"] < 1),
+    ("10,000 sections through 1,000,000 triangles", "CutSections/10000x1000000", lambda s: show(s["time"]), "< 2 s",
+     lambda s: s["time"] < 2),
+    ("Triangles over 1,000,000 points and 20,000 segments", "Triangulate", lambda s: show(s["time"]), "≤ 30 s",
+     lambda s: s["time"] <= 30),
 ]
 
 UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
