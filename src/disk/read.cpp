@@ -72,7 +72,7 @@ void readAll(const Descriptor& file, char* to, size_t size, const std::string& p
 
 } // namespace
 
-FileText readFile(const std::string& path, Faults& faults)
+OwnBytes readOwnBytes(const std::string& path, Faults& faults)
 {
     size_t size = 0;
     const Descriptor file = openRegular(path, size);
@@ -80,6 +80,12 @@ FileText readFile(const std::string& path, Faults& faults)
     readAll(file, bytes.get(), size, path, faults);
     bytes.get()[size] = '\n';
     return {bytes, size};
+}
+
+FileText readFile(const std::string& path, Faults& faults)
+{
+    const OwnBytes read = readOwnBytes(path, faults);
+    return {read.bytes, read.size};
 }
 
 std::string beginOfFile(const std::string& path, size_t size)

@@ -26,6 +26,7 @@ struct GivenSection
     size_t alignment = kNoAlignment; ///< index into `Survey::alignments`
     double distance = 0.0;           ///< from the start of the alignment; the station itself where there is none
     bool hasDistance = true;         ///< else only its name is known
+    size_t region = 0;               ///< in which the station is counted, from 1; 0 where that is not said
     double skew = 0.0;               ///< radians by which the section is turned from the right angle, clockwise
     std::vector<std::vector<SectionPoint>> ground; ///< pieces between gaps, each by rising offset, one point or more
     std::vector<double> designEdges;               ///< offsets, rising
