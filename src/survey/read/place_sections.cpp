@@ -75,11 +75,14 @@ void placeOn(Survey& survey, size_t alignment)
             return false;
         std::string why;
         const auto distance = distanceOf(survey.alignments[alignment], section, why);
-        section.alignment = alignment;
-        section.distance = distance.value_or(0.0);
         if (!distance)
+        {
             FindingList{survey, section.place.file}.unusable(section.place.line, nameOf(section) + " " + why);
-        return !distance;
+            return true;
+        }
+        section.alignment = alignment;
+        section.distance = *distance;
+        return false;
     };
     std::erase_if(survey.sections, cannotStand);
 }

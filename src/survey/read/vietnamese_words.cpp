@@ -93,9 +93,10 @@ bool isSeparator(char16_t unit)
     return IsSpace(unit) || unit < u'A' || (unit > u'Z' && unit < u'a') || (unit > u'z' && unit < 0x80);
 }
 
+/// A letter by itself says nothing: signs such as that of a diameter stand so as well.
 void countWord(std::u16string_view word, WordCounts& counts)
 {
-    if (std::all_of(word.begin(), word.end(), [](char16_t unit) { return unit < 0x80; }))
+    if (word.size() < 2 || std::all_of(word.begin(), word.end(), [](char16_t unit) { return unit < 0x80; }))
         return;
     size_t tones = 0;
     const bool isWord = isSyllable(plainWord(word, tones)) && tones <= 1;

@@ -6,7 +6,7 @@
 namespace survey
 {
 
-/// How much of a text reads as Vietnamese, of the words that are not ASCII alone.
+/// How much of a text reads as Vietnamese, of the words of two letters or more that are not ASCII alone.
 struct WordCounts
 {
     size_t vietnamese = 0; ///< built as a syllable of the language is
