@@ -4,6 +4,7 @@
 #include "fuzz/support/lines.h"
 #include "fuzz/support/mutator.h"
 #include "host/ui/dialog.h"
+#include "resources/control_ids.h"
 #include "sectiondraw/veloxa_dlg.h"
 
 #include <array>
@@ -11,10 +12,7 @@
 namespace
 {
 
-constexpr int kOk = 1;
-constexpr int kSettings = 1096;
-constexpr int kOpenFile = 1095;
-constexpr int kSaveFile = 1082;
+using namespace control_ids::table;
 
 constexpr std::array<std::string_view, 12> kWords{"[SYMBOL]", "[TN]",  "[BD]",  "[ALL]",
                                                   "[symbol]", "MUONG", "RAO",   "CAY",
@@ -42,9 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
                 desk.frontEnd().files.emplace_back(Desk::modulePath(file));
                 mustBeDone(settings.userClick(button));
             }
-            mustBeDone(settings.userClick(kOk));
+            mustBeDone(settings.userClick(IDOK));
         });
-    mustBeDone(g_pVeloxaDlg->userClick(kSettings));
+    mustBeDone(g_pVeloxaDlg->userClick(control_ids::sections::kSettings));
     mustHold(desk.frontEnd().plays.empty(), "the settings were opened");
     mustHold(Desk::read("first.dv") == Desk::read("second.dv"), "a saved library opens as it was");
     mustHold(readDrawing(savedAs(desk.drawing()), DrawingReader::Purpose::Drawing) != nullptr,

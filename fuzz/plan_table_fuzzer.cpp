@@ -4,6 +4,7 @@
 #include "fuzz/support/lines.h"
 #include "fuzz/support/mutator.h"
 #include "host/ui/dialog.h"
+#include "resources/control_ids.h"
 
 #include <algorithm>
 #include <array>
@@ -12,9 +13,7 @@
 namespace
 {
 
-constexpr int kOk = 1;
-constexpr int kOpenFile = 1095;
-constexpr int kSaveFile = 1082;
+using namespace control_ids::table;
 
 constexpr std::array<std::string_view, 8> kWords{"COT", "cot",  "DC1", "GIENG", "D:\\Symbols\\CAY.dwg",
                                                  "1",   "NULL", "#"};
@@ -39,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
                 mustBeDone(table.userClick(kOpenFile));
                 desk.frontEnd().files.emplace_back(Desk::modulePath(open[0] == 'i' ? "first.dvbd" : "second.dvbd"));
                 mustBeDone(table.userClick(kSaveFile));
-                mustBeDone(table.userClick(kOk));
+                mustBeDone(table.userClick(IDOK));
             });
     desk.command(u"DVBD");
     const std::string kept = Desk::read("settings/FcodeBD.cfg");

@@ -4,6 +4,7 @@
 #include "fuzz/support/lines.h"
 #include "fuzz/support/mutator.h"
 #include "host/ui/dialog.h"
+#include "resources/control_ids.h"
 #include "sectiondraw/veloxa_dlg.h"
 #include "sections/database_cs.h"
 
@@ -12,8 +13,6 @@
 
 namespace
 {
-
-constexpr int kDraw = 1094;
 
 constexpr std::array<std::string_view, 15> kWords{"Forward distance",
                                                   "Backward distance",
@@ -54,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     mustHold(rewritten() == settled, "what is written comes back");
     desk.command(u"DSS");
     desk.command(u"ZE");
-    mustBeDone(g_pVeloxaDlg->userClick(kDraw));
+    mustBeDone(g_pVeloxaDlg->userClick(control_ids::sections::kDraw));
     mustHold(readDrawing(savedAs(desk.drawing()), DrawingReader::Purpose::Drawing) != nullptr,
              "the drawing can be read");
     return 0;

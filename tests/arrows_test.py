@@ -20,7 +20,7 @@ ARROWS = {
     "frame/entry": {"sectiondraw", "plan", "settings", "sections", "dbkit", "frame/tracking", "util", "resources", "host"},
     "files": {"host", "store", "disk"},
     "survey": {"util", "host", "store", "disk"},
-    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "survey", "host", "disk"},
+    "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "resources", "files", "survey", "host", "disk"},
     "picture": {"util", "host"},
     "desktop": {"picture", "frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
 }

@@ -6,6 +6,7 @@
 #include "host/drawing/handle_table.h"
 #include "host/ui/dialog.h"
 #include "host/ui/grid_ctrl.h"
+#include "resources/control_ids.h"
 #include "sectiondraw/veloxa_dlg.h"
 
 #include <algorithm>
@@ -14,10 +15,8 @@
 namespace
 {
 
-constexpr int kOk = 1;
-constexpr int kDraw = 1094;
-constexpr int kUndo = 1095;
-constexpr int kTable = 101;
+using namespace control_ids::sections;
+
 constexpr int kMostRows = 6;
 
 /// Every kind of what a symbol may hold, in the oldest form.
@@ -42,14 +41,14 @@ void drawPlan(Desk& desk)
     desk.frontEnd().plays.emplace_back(
         [&desk](CDialog& table)
         {
-            const auto& grid = dynamic_cast<const CGridCtrl&>(*table.GetDlgItem(kTable));
+            const auto& grid = dynamic_cast<const CGridCtrl&>(*table.GetDlgItem(control_ids::table::kGrid));
             for (int row = 1; row < std::min(grid.GetRowCount(), kMostRows); ++row)
             {
                 desk.frontEnd().files.emplace_back(Desk::modulePath("SYMBOL.dxf"));
                 if (!table.userPress(row, 1))
                     desk.frontEnd().files.clear();
             }
-            mustBeDone(table.userClick(kOk));
+            mustBeDone(table.userClick(IDOK));
         });
     desk.command(u"DVBD");
 }

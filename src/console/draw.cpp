@@ -102,7 +102,7 @@ std::map<std::string, size_t> withoutSymbol(const FeatureCounts& drawn)
 bool hasSettings(const CommonOptions& options)
 {
     std::error_code error;
-    return std::filesystem::exists(settingsFolderOf(options) + "/iniSymbol.cfg", error);
+    return std::filesystem::exists(settingsFolderOf(options) + "/" + toUtf8(kSettingsFile), error);
 }
 
 /// What the module passes over in silence and the user would want to know.

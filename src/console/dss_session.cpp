@@ -2,6 +2,7 @@
 
 #include "host/app/paths.h"
 #include "host/ui/tab_ctrl.h"
+#include "resources/control_ids.h"
 #include "sections/database_cs.h"
 #include "sections/run_options.h"
 #include "settings/drawing_settings.h"
@@ -16,19 +17,13 @@ namespace console
 namespace
 {
 
-/// Controls of the dialogs that are played.
-constexpr int kAlignments = 1113;
-constexpr int kSections = 1099;
-constexpr int kDraw = 1094;
-constexpr int kUndo = 1095;
-constexpr int kSettings = 1096;
-constexpr int kOpenLibrary = 1095;
+using namespace control_ids::sections;
 
 /// The numbers of the general settings, by their controls.
-constexpr std::pair<int, const char*> kNumbers[] = {{1102, "the search distance ahead"},
-                                                    {1104, "the search distance behind"},
-                                                    {1095, "the text height"},
-                                                    {1114, "the leader height"}};
+constexpr std::pair<int, const char*> kNumbers[] = {{control_ids::general::kForward, "the search distance ahead"},
+                                                    {control_ids::general::kBackward, "the search distance behind"},
+                                                    {control_ids::general::kTextHeight, "the text height"},
+                                                    {control_ids::general::kDeltaY, "the leader height"}};
 
 std::string alignmentNames()
 {
@@ -160,7 +155,7 @@ void DssSession::confirmSettings(const std::string& library)
         if (!library.empty())
         {
             m_program.frontEnd().queue({modulePath(library), std::nullopt});
-            require(settings.userClick(kOpenLibrary));
+            require(settings.userClick(control_ids::table::kOpenFile));
         }
         m_settingsNotes = wordsInPlaceOfNumbers(settings);
         require(settings.userClick(IDOK));

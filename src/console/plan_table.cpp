@@ -3,6 +3,7 @@
 #include "host/app/paths.h"
 #include "host/ui/dialog.h"
 #include "host/ui/grid_ctrl.h"
+#include "resources/control_ids.h"
 #include "util/numbers.h"
 
 namespace console
@@ -10,9 +11,6 @@ namespace console
 
 namespace
 {
-
-constexpr int kOpenTable = 1095;
-constexpr int kTable = 101;
 
 enum Column
 {
@@ -29,7 +27,7 @@ PlanTable shownTable(const CDialog& dialog)
     std::vector<size_t> counts(table.points.codes.size());
     for (const CodedPoint& point : table.points.points)
         ++counts[point.code];
-    const auto* grid = dynamic_cast<const CGridCtrl*>(dialog.GetDlgItem(kTable));
+    const auto* grid = dynamic_cast<const CGridCtrl*>(dialog.GetDlgItem(control_ids::table::kGrid));
     for (int row = 1; grid != nullptr && row <= static_cast<int>(counts.size()); ++row)
     {
         const std::u16string code = grid->GetItemText(row, kCode);
@@ -46,7 +44,7 @@ void openPlanTable(Program& program, const std::string& table, const PlanTableUs
     program.frontEnd().onModal = [&](CDialog& dialog)
     {
         program.frontEnd().queue({modulePath(table), std::nullopt});
-        require(dialog.userClick(kOpenTable));
+        require(dialog.userClick(control_ids::table::kOpenFile));
         if (use(shownTable(dialog)))
             require(dialog.userClick(IDOK));
     };

@@ -2,6 +2,7 @@
 
 #include "host/ui/front_end.h"
 #include "host/ui/host_window.h"
+#include "resources/control_ids.h"
 #include "resources/dialog_templates.h"
 #include "resources/string_table.h"
 #include "util/dialog_help.h"
@@ -13,10 +14,7 @@
 namespace
 {
 
-constexpr int kGrid = 101;
-constexpr int kSaveFile = 1082;
-constexpr int kOpenFile = 1095;
-constexpr int kClear = 1096;
+using namespace control_ids::table;
 
 enum Column
 {

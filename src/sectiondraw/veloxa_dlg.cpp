@@ -4,6 +4,7 @@
 #include "host/app/host_services.h"
 #include "host/text.h"
 #include "host/ui/host_window.h"
+#include "resources/control_ids.h"
 #include "resources/dialog_templates.h"
 #include "resources/string_table.h"
 #include "sectiondraw/alignment_drawing.h"
@@ -20,13 +21,7 @@
 namespace
 {
 
-constexpr int kAlignments = 1113;
-constexpr int kSections = 1099;
-constexpr int kSelectAll = 1100;
-constexpr int kDeselect = 1101;
-constexpr int kDraw = 1094;
-constexpr int kUndo = 1095;
-constexpr int kSettings = 1096;
+using namespace control_ids::sections;
 
 constexpr size_t kLongestTitle = 64;
 constexpr unsigned kChooseAlignment = 16;

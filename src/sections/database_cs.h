@@ -3,7 +3,11 @@
 #include "sections/records.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
+
+/// The file in the user's folder that keeps the settings.
+inline constexpr std::u16string_view kSettingsFile = u"iniSymbol.cfg";
 
 /// The four things that a drawing of a section can show, each with a flag, a layer and (but the last) a colour.
 enum DrawOption : size_t

@@ -17,8 +17,6 @@
 namespace
 {
 
-constexpr const char16_t* kSettingsFile = u"\\iniSymbol.cfg";
-
 struct Flag
 {
     DrawOption option;
@@ -148,6 +146,11 @@ void storeLines(DatabaseCS& database, std::string_view rest)
     }
 }
 
+std::u16string inFolder(std::u16string folder)
+{
+    return (folder += u'\\') += kSettingsFile;
+}
+
 } // namespace
 
 RunOptions g_RunOptions;
@@ -155,7 +158,7 @@ RunOptions g_RunOptions;
 void DatabaseCS::LoadSettings()
 {
     m_arrDrawFlags.clear();
-    if (const std::optional<std::string> bytes = ReadWholeFile(UserDataPath() + kSettingsFile))
+    if (const std::optional<std::string> bytes = ReadWholeFile(inFolder(UserDataPath())))
         storeLines(*this, *bytes);
     if (const auto& distances = g_RunOptions.distances)
     {
@@ -175,5 +178,5 @@ bool DatabaseCS::SaveSettings() const
         if (const auto text = std::visit(Show{*this}, setting.field))
             bytes += EncodeSettings(setting.key) + '=' + EncodeSettings(*text) + '\n';
     }
-    return ReplaceFile(UserDataFolder() + kSettingsFile, bytes);
+    return ReplaceFile(inFolder(UserDataFolder()), bytes);
 }

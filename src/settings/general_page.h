@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/ui/tab_ctrl.h"
+#include "resources/control_ids.h"
 #include "settings/library_lines.h"
 
 #include <vector>
@@ -39,15 +40,15 @@ private:
     void ApplyDistances();
     void ApplyOptions();
 
-    CEdit& m_editForward = control<CEdit>(1102);
-    CEdit& m_editBackward = control<CEdit>(1104);
-    CEdit& m_editTextHeight = control<CEdit>(1095);
-    CEdit& m_editDeltaY = control<CEdit>(1114);
-    CComboBox& m_comboTextStyle = control<CComboBox>(1115);
-    CButton& m_groupSearch = control<CButton>(1108);
+    CEdit& m_editForward = control<CEdit>(control_ids::general::kForward);
+    CEdit& m_editBackward = control<CEdit>(control_ids::general::kBackward);
+    CEdit& m_editTextHeight = control<CEdit>(control_ids::general::kTextHeight);
+    CEdit& m_editDeltaY = control<CEdit>(control_ids::general::kDeltaY);
+    CComboBox& m_comboTextStyle = control<CComboBox>(control_ids::general::kTextStyle);
+    CButton& m_groupSearch = control<CButton>(control_ids::general::kSearchGroup);
     CButton& m_groupText = control<CButton>(kNoControlId);
-    CButton& m_groupOptions = control<CButton>(1107);
-    CGridCtrl& m_grid = control<CGridCtrl>(101);
+    CButton& m_groupOptions = control<CButton>(control_ids::general::kOptionsGroup);
+    CGridCtrl& m_grid = control<CGridCtrl>(control_ids::general::kOptions);
 
     /// A control of the text parameters, and how far it begins from the right end of the search zone.
     struct Anchored

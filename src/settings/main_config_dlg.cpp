@@ -22,7 +22,7 @@ constexpr size_t kLongestTitle = 63;
 
 MainConfigDlg::MainConfigDlg() : CDialog{*FindDialogTemplate(kSettingsDialog), adsw_acadMainWnd()}
 {
-    onMessage(1103, Notification::kClicked, &MainConfigDlg::OnHelp);
+    onMessage(control_ids::settings::kHelp, Notification::kClicked, &MainConfigDlg::OnHelp);
 }
 
 void MainConfigDlg::OnInitDialog()

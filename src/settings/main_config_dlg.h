@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/object_id.h"
+#include "resources/control_ids.h"
 #include "settings/general_page.h"
 #include "settings/table_pages.h"
 
@@ -42,8 +43,8 @@ private:
 
     CButton& m_btnOk = control<CButton>(IDOK);
     CButton& m_btnCancel = control<CButton>(IDCANCEL);
-    CButton& m_btnHelp = control<CButton>(1103);
-    CTabCtrlSSL& m_tab = control<CTabCtrlSSL>(1101);
+    CButton& m_btnHelp = control<CButton>(control_ids::settings::kHelp);
+    CTabCtrlSSL& m_tab = control<CTabCtrlSSL>(control_ids::settings::kPages);
 
     SymbolSettingDlg m_symbolPage{*this};
     LineSettingDlg m_sectionFcodePage{*this};

@@ -43,13 +43,12 @@ constexpr std::u16string RowTexts::*textOf(int column)
 } // namespace
 
 TableSettingPage::TableSettingPage(LibraryFiles& library, const TablePageKind& kind)
-    : CTabPageSSL{*FindDialogTemplate(kind.dialogTemplate)}, m_library{library}, m_kind{kind}, m_group{control<CButton>(
-                                                                                                   kind.groupBox)}
+    : CTabPageSSL{*FindDialogTemplate(kind.dialogTemplate)}, m_library{library}, m_kind{kind}
 {
-    onMessage(1082, Notification::kClicked, &TableSettingPage::OnSaveFile);
-    onMessage(1095, Notification::kClicked, &TableSettingPage::OnOpenFile);
-    onMessage(1096, Notification::kClicked, &TableSettingPage::ClearTable);
-    onGridClick(101, &TableSettingPage::PickBlockFile);
+    onMessage(control_ids::table::kSaveFile, Notification::kClicked, &TableSettingPage::OnSaveFile);
+    onMessage(control_ids::table::kOpenFile, Notification::kClicked, &TableSettingPage::OnOpenFile);
+    onMessage(control_ids::table::kClear, Notification::kClicked, &TableSettingPage::ClearTable);
+    onGridClick(control_ids::table::kGrid, &TableSettingPage::PickBlockFile);
 }
 
 void TableSettingPage::OnInitDialog()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/ui/tab_ctrl.h"
+#include "resources/control_ids.h"
 #include "sections/name_set.h"
 #include "settings/library_lines.h"
 
@@ -76,10 +77,10 @@ private:
 
     LibraryFiles& m_library;
     const TablePageKind& m_kind;
-    CGridCtrl& m_grid = control<CGridCtrl>(101);
-    CButton& m_btnSave = control<CButton>(1082);
-    CButton& m_btnOpen = control<CButton>(1095);
-    CButton& m_btnClear = control<CButton>(1096);
-    CButton& m_group;
+    CGridCtrl& m_grid = control<CGridCtrl>(control_ids::table::kGrid);
+    CButton& m_btnSave = control<CButton>(control_ids::table::kSaveFile);
+    CButton& m_btnOpen = control<CButton>(control_ids::table::kOpenFile);
+    CButton& m_btnClear = control<CButton>(control_ids::table::kClear);
+    CButton& m_group = control<CButton>(m_kind.groupBox);
     NameSet m_setRows;
 };

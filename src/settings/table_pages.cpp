@@ -50,27 +50,33 @@ void applyFcodes(const NameSet& rows, CrossSectionXdata& section)
     }
 }
 
-constexpr TablePageKind kSymbols{"SymbolSettingDlg", kSymbolPage, 1111,
-                                 kNameHeader,        false,       &DatabaseCS::m_strFileSymbolLastSelect,
-                                 collectSymbols,     applySymbols};
+constexpr TablePageKind kSymbols{.className = "SymbolSettingDlg",
+                                 .dialogTemplate = kSymbolPage,
+                                 .groupBox = control_ids::table::kSymbolGroup,
+                                 .keyHeader = kNameHeader,
+                                 .disabledWithoutRows = false,
+                                 .lastFile = &DatabaseCS::m_strFileSymbolLastSelect,
+                                 .collect = collectSymbols,
+                                 .apply = applySymbols};
 
-constexpr TablePageKind kSectionFcodes{"LineSettingDlg",
-                                       kSectionFcodePage,
-                                       1112,
-                                       kFcodeHeader,
-                                       true,
-                                       &DatabaseCS::m_strFileLineLastSelect,
-                                       collectFcodes<&CrossSectionXdata::m_listBlockFcode1>,
-                                       applyFcodes<&CrossSectionXdata::m_listBlockFcode1>};
+/// The pages of feature codes differ in the list of rows that they are about.
+template <ListBlockFcode CrossSectionXdata::*list>
+constexpr TablePageKind fcodePage(std::string_view className, int dialogTemplate)
+{
+    return {.className = className,
+            .dialogTemplate = dialogTemplate,
+            .groupBox = control_ids::table::kFcodeGroup,
+            .keyHeader = kFcodeHeader,
+            .disabledWithoutRows = true,
+            .lastFile = &DatabaseCS::m_strFileLineLastSelect,
+            .collect = collectFcodes<list>,
+            .apply = applyFcodes<list>};
+}
 
-constexpr TablePageKind kPlanFcodes{"LineSettingDlg1",
-                                    kPlanFcodePage,
-                                    1112,
-                                    kFcodeHeader,
-                                    true,
-                                    &DatabaseCS::m_strFileLineLastSelect,
-                                    collectFcodes<&CrossSectionXdata::m_listBlockFcode2>,
-                                    applyFcodes<&CrossSectionXdata::m_listBlockFcode2>};
+constexpr TablePageKind kSectionFcodes =
+    fcodePage<&CrossSectionXdata::m_listBlockFcode1>("LineSettingDlg", kSectionFcodePage);
+constexpr TablePageKind kPlanFcodes =
+    fcodePage<&CrossSectionXdata::m_listBlockFcode2>("LineSettingDlg1", kPlanFcodePage);
 
 } // namespace
 

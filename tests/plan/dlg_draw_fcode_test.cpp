@@ -1,6 +1,7 @@
 #include "plan/dlg_draw_fcode.h"
 
 #include "host/text.h"
+#include "resources/control_ids.h"
 #include "support/test_session.h"
 
 #include <gmock/gmock.h>
@@ -10,10 +11,7 @@ using testing::ElementsAre;
 namespace
 {
 
-constexpr int kSave = 1082;
-constexpr int kOpen = 1095;
-constexpr int kDelete = 1096;
-constexpr int kOk = 1;
+using namespace control_ids::table;
 
 /// The table as a user works it.
 class PlanTable : public testing::Test
@@ -33,7 +31,7 @@ protected:
     }
     void answerFile(const std::string& name) { session.frontEnd.files.push_back(session.folder().modulePath(name)); }
 
-    static CGridCtrl& grid(CDialog& dialog) { return dynamic_cast<CGridCtrl&>(*dialog.GetDlgItem(101)); }
+    static CGridCtrl& grid(CDialog& dialog) { return dynamic_cast<CGridCtrl&>(*dialog.GetDlgItem(kGrid)); }
     /// A row of the table, its cells joined.
     static std::string row(CDialog& dialog, int number)
     {
@@ -82,7 +80,7 @@ TEST_F(PlanTable, OkGivesNumbersAndKeepsTexts)
             EXPECT_TRUE(dialog.userCell(1, 4, u""));
             EXPECT_TRUE(dialog.userCell(2, 2, u"x"));
             EXPECT_TRUE(dialog.userMark(2, 5, true));
-            click(dialog, kOk);
+            click(dialog, IDOK);
         });
     EXPECT_EQ(result, IDOK);
     EXPECT_THAT(table.scaleX, ElementsAre(1, 0));
@@ -99,13 +97,13 @@ TEST_F(PlanTable, TravelsThroughAFile)
     run(
         [&](DlgDrawFCode& dialog)
         {
-            click(dialog, kSave); // no answer: cancelled
+            click(dialog, kSaveFile); // no answer: cancelled
             answerFile("none.dvbd");
-            click(dialog, kSave);
+            click(dialog, kSaveFile);
             EXPECT_FALSE(std::filesystem::exists(session.folder().path() / "none.dvbd"));
 
             answerFile("in.dvbd");
-            click(dialog, kOpen);
+            click(dialog, kOpenFile);
             EXPECT_EQ(row(dialog, 1), "A|f|1|1|0|off");
             EXPECT_EQ(row(dialog, 2), "b|first|2|3|x|on");
             EXPECT_EQ(row(dialog, 3), "C|f|1|1|0|off");
@@ -113,10 +111,10 @@ TEST_F(PlanTable, TravelsThroughAFile)
 
             EXPECT_TRUE(dialog.userCell(1, 2, u""));
             answerFile("out.dvbd");
-            click(dialog, kSave);
+            click(dialog, kSaveFile);
             EXPECT_EQ(session.folder().read("out.dvbd"), "A,f,1,1,0,0\nb,first,2,3,x,1\nC,f,1,1,0,0\n");
 
-            click(dialog, kDelete);
+            click(dialog, kClear);
             EXPECT_EQ(row(dialog, 2), "b|||||off");
         });
     EXPECT_EQ(session.frontEnd.fileQuestions.back().defaultExtension, u"dvbd");

@@ -5,6 +5,7 @@
 #include "host/drawing/symbol_tables.h"
 #include "host/text.h"
 #include "plan/dlg_draw_fcode.h"
+#include "resources/control_ids.h"
 #include "support/test_drawing.h"
 #include "support/test_session.h"
 
@@ -20,8 +21,6 @@ using testing::Not;
 namespace
 {
 
-constexpr int kOk = 1;
-constexpr int kCancel = 2;
 constexpr int kCode = 0;
 constexpr int kFile = 1;
 constexpr int kScaleX = 2;
@@ -51,7 +50,7 @@ protected:
                     browse(table, row, file);
                     expectDone(table.userMark(row, kAtVertex, atVertex));
                 }
-                expectDone(table.userClick(kOk));
+                expectDone(table.userClick(IDOK));
             });
     }
     void browse(CDialog& table, int row, const std::u16string& file)
@@ -109,13 +108,13 @@ TEST_F(Dvbd, EachPointGetsTheSymbolOfItsCodeWhateverItsCase)
     run(
         [&](CDialog& table)
         {
-            EXPECT_EQ(dynamic_cast<CGridCtrl&>(*table.GetDlgItem(101)).GetRowCount(), 4);
+            EXPECT_EQ(dynamic_cast<CGridCtrl&>(*table.GetDlgItem(control_ids::table::kGrid)).GetRowCount(), 4);
             browse(table, 1, tree);
             expectDone(table.userCell(1, kScaleX, u"2.5"));
             expectDone(table.userCell(1, kRotation, u"0.25 rad"));
             browse(table, 2, symbolFile("Cot.dxf"));
             expectDone(table.userCell(2, kScaleX, u""));
-            expectDone(table.userClick(kOk));
+            expectDone(table.userClick(IDOK));
         });
     EXPECT_THAT(blocks(), ElementsAre("TREE 1,2,3 x2.5,1 r0.25 DiaVatBinhDo", "Cot 4,5,6 x1,1 r0 DiaVatBinhDo",
                                       "TREE 7,8,9 x2.5,1 r0.25 DiaVatBinhDo"));
@@ -137,7 +136,7 @@ TEST_F(Dvbd, ErasesWhatStandsOnItsLayerAlsoWhenCancelled)
     drawing.entity("SEQEND", "");
     drawing.line({0, 0, 0}, {1, 1, 0});
     session.open(drawing.dxf());
-    run([](CDialog& table) { expectDone(table.userClick(kCancel)); });
+    run([](CDialog& table) { expectDone(table.userClick(IDCANCEL)); });
     EXPECT_THAT(blocks(), ElementsAre("TREE 5,5,0 x1,1 r0 0"));
     EXPECT_EQ(session.folder().read("settings/FcodeBD.cfg"), "");
     const std::string saved = session.saved();
@@ -182,11 +181,11 @@ TEST_F(Dvbd, WithoutPointsTheTableIsEmptyAndOkKeepsNothing)
     run(
         [&](CDialog& table)
         {
-            auto& grid = dynamic_cast<CGridCtrl&>(*table.GetDlgItem(101));
+            auto& grid = dynamic_cast<CGridCtrl&>(*table.GetDlgItem(control_ids::table::kGrid));
             EXPECT_EQ(grid.GetRowCount(), 20);
             EXPECT_EQ(grid.GetItemText(19, kCode), u"");
             EXPECT_TRUE(grid.cellAs<CGridCellCheck>(19, kAtVertex)->GetCheck());
-            expectDone(table.userClick(kOk));
+            expectDone(table.userClick(IDOK));
         });
     EXPECT_EQ(session.folder().read("settings/FcodeBD.cfg"), "");
 }

@@ -1,3 +1,5 @@
+#include "host/ui/dialog.h"
+#include "resources/control_ids.h"
 #include "resources/dialog_templates.h"
 #include "resources/string_table.h"
 #include "util/tcvn3.h"
@@ -9,7 +11,8 @@
 namespace
 {
 
-constexpr int kDialogs[] = {192, 193, 194, 195, 196, 197, 199};
+constexpr int kDialogs[] = {kSectionsDialog,   kSettingsDialog, kSymbolPage,     kGeneralPage,
+                            kSectionFcodePage, kPlanFcodePage,  kPlanTableDialog};
 
 std::u16string captionOf(int dialog, int control)
 {
@@ -37,11 +40,12 @@ TEST(StringTable, TextsReadInVietnamese)
 
 TEST(DialogTemplates, CaptionsReadInVietnamese)
 {
-    EXPECT_EQ(DecodeStoredText(FindDialogTemplate(193)->caption, 63), u"Cài đặt tham số địa vật trên trắc ngang");
-    EXPECT_EQ(captionOf(192, 1), u"Đóng");
-    EXPECT_EQ(captionOf(195, 1109), u"K.cách trước");
-    EXPECT_EQ(captionOf(196, 1082), u"Lưu tệp");
-    EXPECT_EQ(captionOf(199, 1095), u"Mở tệp");
+    EXPECT_EQ(DecodeStoredText(FindDialogTemplate(kSettingsDialog)->caption, 63),
+              u"Cài đặt tham số địa vật trên trắc ngang");
+    EXPECT_EQ(captionOf(kSectionsDialog, IDOK), u"Đóng");
+    EXPECT_EQ(captionOf(kGeneralPage, control_ids::general::kForwardLabel), u"K.cách trước");
+    EXPECT_EQ(captionOf(kSectionFcodePage, control_ids::table::kSaveFile), u"Lưu tệp");
+    EXPECT_EQ(captionOf(kPlanTableDialog, control_ids::table::kOpenFile), u"Mở tệp");
     EXPECT_EQ(FindDialogTemplate(198), nullptr);
 }
 

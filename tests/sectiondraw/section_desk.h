@@ -2,6 +2,7 @@
 
 #include "host/companion/alignment.h"
 #include "host/drawing/database.h"
+#include "resources/control_ids.h"
 #include "sectiondraw/commands.h"
 #include "sectiondraw/veloxa_dlg.h"
 #include "sections/database_cs.h"
@@ -13,18 +14,13 @@
 #include <string>
 #include <vector>
 
+using namespace control_ids::sections;
+
 /// A user at a drawing of sections: runs DSS, works its dialog, and looks at what stands in the drawing.
 class SectionDesk : public testing::Test
 {
 protected:
-    static constexpr int kDraw = 1094;
-    static constexpr int kUndo = 1095;
-    static constexpr int kSettings = 1096;
-    static constexpr int kSelectAll = 1100;
-    static constexpr int kDeselect = 1101;
-    static constexpr int kClose = 1;
-    static constexpr int kSections = 1099;
-    static constexpr int kAlignments = 1113;
+    static constexpr int kClose = IDOK;
 
     SectionDesk() { g_DatabaseCS = DatabaseCS{}; }
     ~SectionDesk() override

@@ -10,10 +10,7 @@ namespace
 
 using testing::ElementsAre;
 
-constexpr int kForward = 1102;
-constexpr int kBackward = 1104;
-constexpr int kTextHeight = 1095;
-constexpr int kDeltaY = 1114;
+using namespace control_ids::general;
 
 class GeneralPage : public testing::Test
 {
@@ -144,22 +141,23 @@ TEST_F(GeneralPage, FillsTheDialogWhenItIsEnlargedAndNeverOverlaps)
             EXPECT_TRUE(dialog.userResize(100, 100));
             EXPECT_EQ(dialog.clientSize(), (CSize{630, 303}));
             EXPECT_LT(rectOf(kBackward).right, rectOf(kNoControlId).left) << "search zone and text parameters";
-            EXPECT_LE(rectOf(kNoControlId).right, rectOf(1108).right);
+            EXPECT_LE(rectOf(kNoControlId).right, rectOf(kSearchGroup).right);
 
             EXPECT_TRUE(dialog.userResize(1030, 603));
             EXPECT_EQ(dialog.tabControl()->rect(), (CRect{7, 7, 1020, 563}));
-            EXPECT_EQ(dialog.GetDlgItem(1103)->rect().right, 1020);
+            EXPECT_EQ(dialog.GetDlgItem(control_ids::settings::kHelp)->rect().right, 1020);
             EXPECT_EQ(dialog.GetDlgItem(IDOK)->rect().bottom, 593);
             EXPECT_EQ(dialog.GetDlgItem(IDCANCEL)->rect().left - dialog.GetDlgItem(IDOK)->rect().right, 10);
-            EXPECT_EQ(rectOf(1108), (CRect{3, 2, 1000, 51}));
-            EXPECT_EQ(rectOf(1107), (CRect{3, 55, 1000, 527}));
-            EXPECT_EQ(rectOf(101), (CRect{15, 72, 990, 524}));
+            EXPECT_EQ(rectOf(kSearchGroup), (CRect{3, 2, 1000, 51}));
+            EXPECT_EQ(rectOf(kOptionsGroup), (CRect{3, 55, 1000, 527}));
+            EXPECT_EQ(rectOf(kOptions), (CRect{15, 72, 990, 524}));
             for (const auto& tab : dialog.tabControl()->tabs())
                 EXPECT_EQ(static_cast<const CWnd*>(tab.page)->rect(), rectAt(3, 21, 1006, 532));
             EXPECT_TRUE(dialog.userTab(2));
-            EXPECT_EQ(rectOf(101), (CRect{20, 28, 990, 497}));
-            EXPECT_EQ(rectOf(1096).bottom, 528);
-            auto* grid = dynamic_cast<CGridCtrl*>(dialog.tabControl()->currentPage()->GetDlgItem(101));
+            EXPECT_EQ(rectOf(control_ids::table::kGrid), (CRect{20, 28, 990, 497}));
+            EXPECT_EQ(rectOf(control_ids::table::kClear).bottom, 528);
+            auto* grid =
+                dynamic_cast<CGridCtrl*>(dialog.tabControl()->currentPage()->GetDlgItem(control_ids::table::kGrid));
             EXPECT_EQ(grid->GetColumnWidth(1), 179 + 82);
         });
 }

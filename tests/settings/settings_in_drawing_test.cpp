@@ -61,8 +61,8 @@ TEST_F(SettingsInDrawing, AreKeptWhateverWayTheDialogEndsAndTakenWhenItOpensAgai
                   {
                       EXPECT_TRUE(dialog.userPress(1, 1));
                       EXPECT_TRUE(dialog.userTab(3));
-                      EXPECT_TRUE(dialog.userSetText(1102, u"7"));
-                      EXPECT_TRUE(dialog.userSetText(1095, u""));
+                      EXPECT_TRUE(dialog.userSetText(control_ids::general::kForward, u"7"));
+                      EXPECT_TRUE(dialog.userSetText(control_ids::general::kTextHeight, u""));
                       cancel(dialog);
                   });
     EXPECT_EQ(m_symbol->m_strFile, u"");
@@ -117,10 +117,10 @@ TEST_F(SettingsInDrawing, OfferItsLayersAndTextStyles)
                   {
                       EXPECT_TRUE(dialog.userTab(3));
                       const CDialog& page = *dialog.tabControl()->currentPage();
-                      auto* grid = dynamic_cast<CGridCtrl*>(page.GetDlgItem(101));
+                      auto* grid = dynamic_cast<CGridCtrl*>(page.GetDlgItem(control_ids::general::kOptions));
                       EXPECT_THAT(grid->cellAs<CGridCellCombo>(1, 2)->items(), ElementsAre(u"0", u"ROAD", u"Cây"));
                       EXPECT_EQ(grid->GetItemText(4, 2), u"ROAD");
-                      EXPECT_EQ(page.GetDlgItem(1115)->GetWindowText(), u"madiavattn2");
+                      EXPECT_EQ(page.GetDlgItem(control_ids::general::kTextStyle)->GetWindowText(), u"madiavattn2");
                       EXPECT_TRUE(dialog.userClick(IDOK));
                   });
     EXPECT_EQ(g_DatabaseCS.m_nColorSymbol, 3) << "ByLayer is the current layer's colour";
@@ -151,14 +151,14 @@ TEST_F(SettingsInDrawing, RefreshTheSectionsOnlyWhenADistanceChanges)
         {
             EXPECT_TRUE(dialog.userCell(1, 2, u"9"));
             EXPECT_TRUE(dialog.userTab(3));
-            EXPECT_TRUE(dialog.userSetText(1102, u"5.0004"));
+            EXPECT_TRUE(dialog.userSetText(control_ids::general::kForward, u"5.0004"));
             EXPECT_TRUE(dialog.userTab(0));
             EXPECT_FALSE(g_DatabaseCS.m_bDistanceChanged);
             EXPECT_THAT(shownTable(dialog), ElementsAre(testing::_, u"DEN||9|1.00|0.00")) << "kept as the user left it";
 
             EXPECT_TRUE(dialog.userTab(3));
-            EXPECT_TRUE(dialog.userSetText(1102, u"7"));
-            EXPECT_TRUE(dialog.userSetText(1104, u"7"));
+            EXPECT_TRUE(dialog.userSetText(control_ids::general::kForward, u"7"));
+            EXPECT_TRUE(dialog.userSetText(control_ids::general::kBackward, u"7"));
             EXPECT_TRUE(dialog.userTab(0));
             EXPECT_THAT(shownTable(dialog), ElementsAre(testing::_, u"CAY||1.00|1.00|0.00", u"DEN||1.00|1.00|0.00"));
             EXPECT_TRUE(dialog.userCell(1, 2, u"9"));

@@ -6,6 +6,7 @@
 namespace
 {
 
+using namespace control_ids::table;
 using testing::ElementsAre;
 
 class TablePages : public testing::Test
@@ -101,7 +102,7 @@ TEST_F(TablePages, ChangeNoRecordWhenCancelled)
     m_session.run({0},
                   [](CDialog& dialog)
                   {
-                      press(dialog, 1096);
+                      press(dialog, kClear);
                       EXPECT_TRUE(dialog.userKey(UserKey::kEscape));
                   });
     EXPECT_EQ(symbol.m_strFile, u"a.dwg");
@@ -117,7 +118,7 @@ TEST_F(TablePages, ClearKeepsTheKeysAndForgetsWhatWasUsedLast)
     m_session.run({0},
                   [](CDialog& dialog)
                   {
-                      press(dialog, 1096);
+                      press(dialog, kClear);
                       EXPECT_EQ(shownTable(dialog).at(1), u"ab||||");
                       press(dialog, IDOK);
                   });
@@ -167,7 +168,7 @@ TEST_F(TablePages, WithoutRowsShowAnEmptyTableAndTheFeatureCodesAreDisabled)
                           EXPECT_TRUE(dialog.userTab(1));
                           expectEmptyTable(dialog);
                           EXPECT_FALSE(dialog.userCell(1, 2, u"1"));
-                          EXPECT_FALSE(dialog.userClick(1082));
+                          EXPECT_FALSE(dialog.userClick(kSaveFile));
                           press(dialog, IDOK);
                       });
     }
@@ -180,7 +181,7 @@ TEST_F(TablePages, CarryAllTablesInOneLibraryFile)
     SettingsSession::addFcode(plan(0), u"Cây", u"cây.dwg");
     const std::u16string path = m_session.folder().modulePath("set.dv");
     m_session.frontEnd.files = {path};
-    m_session.run({0}, [](CDialog& dialog) { press(dialog, 1082); });
+    m_session.run({0}, [](CDialog& dialog) { press(dialog, kSaveFile); });
     EXPECT_EQ(m_session.folder().read("set.dv"),
               "[SYMBOL]\nA1,D:\\a1.dwg,1.00,1.00,0.00\n[BD]\nC\xA9y,c\xA9y.dwg,1.00,1.00,0.00\n");
 
@@ -191,7 +192,7 @@ TEST_F(TablePages, CarryAllTablesInOneLibraryFile)
                   [](CDialog& dialog)
                   {
                       EXPECT_TRUE(dialog.userTab(0));
-                      press(dialog, 1095);
+                      press(dialog, kOpenFile);
                       EXPECT_EQ(shownTable(dialog).at(1), u"a1|D:\\a1.dwg|1.00|1.00|0.00");
                       EXPECT_EQ(shownTable(dialog).at(2), u"A2|kept.dwg|1.00|1.00|0.00");
                       press(dialog, IDOK);
@@ -208,9 +209,9 @@ TEST_F(TablePages, LeaveALibraryFileAloneWhenThereIsNothingToSave)
     m_session.run({0},
                   [](CDialog& dialog)
                   {
-                      press(dialog, 1082);
-                      press(dialog, 1095);
-                      press(dialog, 1095);
+                      press(dialog, kSaveFile);
+                      press(dialog, kOpenFile);
+                      press(dialog, kOpenFile);
                       EXPECT_EQ(shownTable(dialog).at(1), u"A1||1.00|1.00|0.00");
                   });
     EXPECT_EQ(m_session.folder().read("set.dv"), "kept");
