@@ -1,5 +1,6 @@
 #include "files/dxf/writer.h"
 
+#include "files/dxf/class_edits.h"
 #include "files/dxf/save.h"
 #include "host/drawing/database.h"
 #include "host/drawing/header_variables.h"
@@ -116,6 +117,8 @@ void DrawingPieces::editHeader(AcDbDatabase& database)
     seed.handle(5, database.nextHandle());
     database.header().set("$HANDSEED", seed.take());
     for (const HeaderVariables::Edit& edit : database.header().edits())
+        m_edits.push_back({edit.begin, edit.end, m_texts.emplace_back(edit.text)});
+    for (const ClassEdit& edit : classEdits(database))
         m_edits.push_back({edit.begin, edit.end, m_texts.emplace_back(edit.text)});
 }
 

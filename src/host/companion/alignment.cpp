@@ -5,6 +5,40 @@
 
 ACRX_DEFINE_MEMBERS(PlxDbAlignment, AcDbEntity, u"PLXDBALIGNMENT")
 
+Acad::ErrorStatus PlxDbAlignment::setName(const std::u16string& name)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_name = name;
+    return status;
+}
+
+Acad::ErrorStatus PlxDbAlignment::setScaleValue(double scale)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_scaleValue = scale;
+    return status;
+}
+
+Acad::ErrorStatus PlxDbAlignment::setExtents(double extent1, double extent2)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status != Acad::eOk)
+        return status;
+    m_extent1 = extent1;
+    m_extent2 = extent2;
+    return status;
+}
+
+Acad::ErrorStatus PlxDbAlignment::setSections(std::vector<SectionRecord> sections)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_sections = std::move(sections);
+    return status;
+}
+
 void PlxDbAlignment::setSectionFlag(size_t index, uint16_t bits)
 {
     if (index >= m_sections.size() || !mayChange())
@@ -56,9 +90,20 @@ void PlxDbAlignment::decode(TagReader& pairs)
     m_sections = reader.take();
 }
 
+void PlxDbAlignment::encode(TagWriter& out) const
+{
+    AcDbEntity::encode(out);
+    out.text(100, "PlxDbAlignment");
+    out.text(1, encodeText(m_name));
+    out.real(40, m_scaleValue);
+    out.real(41, m_extent1);
+    out.real(42, m_extent2);
+    encodeSections(m_sections, database()->encoding(), out);
+}
+
 void PlxDbAlignment::beforeClose()
 {
-    if (m_changed.empty())
+    if (m_changed.empty() || isFresh())
         return;
     setPairs(withChangedSections(pairs(), m_sections, m_changed));
     m_changed.clear();

@@ -21,6 +21,18 @@ bool isCount(int64_t declared, size_t found)
     return declared >= 0 && static_cast<uint64_t>(declared) == found;
 }
 
+void writeFlags(const SectionRecord& section, TagWriter& out)
+{
+    out.integer(kFlags, static_cast<int16_t>(section.flags));
+}
+
+void writeIds(int count, int id, const AcDbObjectIdArray& ids, TagWriter& out)
+{
+    out.integer(count, static_cast<int64_t>(ids.size()));
+    for (const AcDbObjectId each : ids)
+        out.handle(id, each.handle().value());
+}
+
 /// Rewrites the changed sections while walking the alignment's pairs.
 class SectionRewriter
 {
@@ -52,17 +64,14 @@ private:
 std::string SectionRewriter::flags() const
 {
     TagWriter out;
-    out.integer(kFlags, static_cast<int16_t>(m_sections[m_at].flags));
+    writeFlags(m_sections[m_at], out);
     return out.take();
 }
 
 std::string SectionRewriter::drawn() const
 {
-    const AcDbObjectIdArray& ids = m_sections[m_at].drawnIds;
     TagWriter out;
-    out.integer(kDrawn, static_cast<int64_t>(ids.size()));
-    for (const AcDbObjectId id : ids)
-        out.handle(kDrawnId, id.handle().value());
+    writeIds(kDrawn, kDrawnId, m_sections[m_at].drawnIds, out);
     return out.take();
 }
 
@@ -201,4 +210,23 @@ std::string withChangedSections(std::string_view pairs, const std::vector<Sectio
                                 const std::vector<bool>& changed)
 {
     return SectionRewriter{pairs, sections, changed}.rewrite();
+}
+
+void encodeSections(const std::vector<SectionRecord>& sections, const TextEncoding& encoding, TagWriter& out)
+{
+    out.integer(kSections, static_cast<int64_t>(sections.size()));
+    for (const SectionRecord& section : sections)
+    {
+        out.text(kSectionName, encoding.encode(section.name));
+        out.point(10, section.pointA);
+        out.point(11, section.pointB);
+        out.point(12, section.basePoint);
+        out.handle(kGroundLine, section.groundLineId.handle().value());
+        writeFlags(section, out);
+        writeIds(kPoints, kPoint, section.pointIds, out);
+        out.integer(kOffsets, static_cast<int64_t>(section.dcOffsets.size()));
+        for (const double offset : section.dcOffsets)
+            out.real(kOffset, offset);
+        writeIds(kDrawn, kDrawnId, section.drawnIds, out);
+    }
 }

@@ -2,6 +2,7 @@
 
 #include "host/companion/alignment.h"
 #include "host/drawing/pair_edit.h"
+#include "host/drawing/text_encoding.h"
 
 /// Reads the section records of an alignment, pair by pair, and checks each count against what follows it.
 class SectionReader
@@ -28,6 +29,9 @@ private:
     int64_t m_drawn = 0;
     bool m_sound = true;
 };
+
+/// Writes the records with their counts, as the alignment's last pairs.
+void encodeSections(const std::vector<SectionRecord>& sections, const TextEncoding& encoding, TagWriter& out);
 
 /// The alignment's pairs with the flags and drawn ids of the changed sections as they are now; all else byte for byte.
 std::string withChangedSections(std::string_view pairs, const std::vector<SectionRecord>& sections,

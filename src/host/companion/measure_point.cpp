@@ -11,6 +11,22 @@ std::u16string PlxDbPointObj::Get(int field) const
     return found != m_fields.end() ? found->second : std::u16string{};
 }
 
+Acad::ErrorStatus PlxDbPointObj::Set(int field, const std::u16string& text)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_fields.insert_or_assign(field, text);
+    return status;
+}
+
+Acad::ErrorStatus PlxDbPointObj::SetPoint(const AcGePoint3d& position)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_position = position;
+    return status;
+}
+
 void PlxDbPointObj::addExtents(AcGeExtents& extents) const
 {
     extents.addPoint(m_position);
@@ -32,4 +48,22 @@ void PlxDbPointObj::decode(TagReader& pairs)
             field = static_cast<int>(tag.integer());
         else if (tag.code == 1)
             m_fields.insert_or_assign(field, decodeText(tag.value));
+}
+
+void PlxDbPointObj::encode(TagWriter& out) const
+{
+    AcDbEntity::encode(out);
+    out.text(100, "PlxDbPointObj");
+    out.point(10, m_position);
+    for (const auto& [field, text] : m_fields)
+    {
+        out.integer(70, field);
+        out.text(1, encodeText(text));
+    }
+}
+
+void PlxDbMeasurePointObj::encode(TagWriter& out) const
+{
+    PlxDbPointObj::encode(out);
+    out.text(100, "PlxDbMeasurePointObj");
 }

@@ -49,6 +49,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         entity->m_layer = currentLayer(drawing);
     ObjectRecord& record = drawing.take(*entity, container, block.handle);
     record.set(ObjectRecord::kPaperSpace, drawing.blocks().isPaperSpace(block));
+    entity->addParts();
     id = entity->objectId();
     return Acad::eOk;
 }

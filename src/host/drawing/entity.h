@@ -37,6 +37,9 @@ public:
 
 protected:
     void encode(TagWriter& out) const override;
+    /// Makes the records that follow the entity's own one; called when it is appended. They are written when it is
+    /// closed.
+    virtual void addParts() {}
     /// The one path of a curve, or null. Kept with the object while it is in memory.
     virtual const CurvePath* shape() const { return nullptr; }
     /// The same made ready to be asked often; null for what is not worth it, too.

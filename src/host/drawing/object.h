@@ -43,6 +43,10 @@ enum TextVertMode
     kTextVertMid,
     kTextTop
 };
+enum Poly3dType
+{
+    k3dSimplePoly
+};
 enum Vertex2dType
 {
     k2dVertex,

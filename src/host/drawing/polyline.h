@@ -69,16 +69,19 @@ private:
     size_t m_at = 0;
 };
 
-/// A polyline whose vertices are objects of their own; base of the 2-D and 3-D kinds. Only read from drawings.
+/// A polyline whose vertices are objects of their own; base of the 2-D and 3-D kinds.
 class AcDbVertexPolyline : public AcDbCurve
 {
 public:
     ACRX_DECLARE_MEMBERS()
+    AcDbVertexPolyline() = default;
     std::unique_ptr<AcDbObjectIterator> vertexIterator() const;
     std::vector<CurvePath> curves() const override;
     bool isClosed() const override { return (m_flags & 1) != 0; }
 
 protected:
+    explicit AcDbVertexPolyline(int flags) : m_flags{flags} {}
+
     void decode(TagReader& pairs) override;
     int flags() const { return m_flags; }
     const CurvePath* shape() const override;
@@ -135,4 +138,16 @@ class AcDb3dPolyline : public AcDbVertexPolyline
 {
 public:
     ACRX_DECLARE_MEMBERS()
+    AcDb3dPolyline() = default;
+    /// A fresh one; its vertices get the layer it has when it is closed, and cannot be changed.
+    AcDb3dPolyline(AcDb::Poly3dType type, const AcGePoint3dArray& vertices, bool closed = false);
+
+protected:
+    void encode(TagWriter& out) const override;
+    void addParts() override;
+    void beforeClose() override;
+
+private:
+    AcGePoint3dArray m_vertices;        ///< of a fresh one
+    std::vector<ObjectRecord*> m_parts; ///< its vertices and the end of the sequence
 };

@@ -41,6 +41,22 @@ Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode)
     return status;
 }
 
+Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_vertical = mode;
+    return status;
+}
+
+Acad::ErrorStatus AcDbText::setRotation(double radians)
+{
+    const Acad::ErrorStatus status = mayChangeFresh();
+    if (status == Acad::eOk)
+        m_rotation = radians;
+    return status;
+}
+
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point)
 {
     const Acad::ErrorStatus status = mayChangeFresh();
@@ -107,6 +123,10 @@ void AcDbText::decode(TagReader& pairs)
             m_horizontal =
                 static_cast<AcDb::TextHorzMode>(std::clamp<int64_t>(tag.integer(), AcDb::kTextLeft, AcDb::kTextFit));
             break;
+        case 73:
+            m_vertical =
+                static_cast<AcDb::TextVertMode>(std::clamp<int64_t>(tag.integer(), AcDb::kTextBase, AcDb::kTextTop));
+            break;
         case 210:
             m_normal = own.pointFrom(tag).asVector();
             break;
@@ -128,10 +148,11 @@ void AcDbText::encode(TagWriter& out) const
     if (!m_style.isNull() && m_style.record()->length > 0)
         out.text(7, spellingOf(*m_style.record()));
     if (m_horizontal != AcDb::kTextLeft)
-    {
         out.integer(72, m_horizontal);
+    if (m_horizontal != AcDb::kTextLeft || m_vertical != AcDb::kTextBase)
         out.point(11, m_alignment);
-    }
     out.point(210, {m_normal.x, m_normal.y, m_normal.z});
     out.text(100, "AcDbText");
+    if (m_vertical != AcDb::kTextBase)
+        out.integer(73, m_vertical);
 }

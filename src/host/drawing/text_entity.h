@@ -16,6 +16,8 @@ public:
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     AcDb::TextHorzMode horizontalMode() const { return m_horizontal; }
     Acad::ErrorStatus setHorizontalMode(AcDb::TextHorzMode mode);
+    AcDb::TextVertMode verticalMode() const { return m_vertical; }
+    Acad::ErrorStatus setVerticalMode(AcDb::TextVertMode mode);
     /// Left end of the base line, in the text's own plane.
     AcGePoint3d position() const { return m_position; }
     Acad::ErrorStatus setPosition(const AcGePoint3d& point);
@@ -23,6 +25,7 @@ public:
     Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& point);
     /// Radians.
     double rotation() const { return m_rotation; }
+    Acad::ErrorStatus setRotation(double radians);
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
     void addExtents(AcGeExtents& extents) const override;
 
@@ -36,6 +39,7 @@ private:
     double m_rotation = 0.0;
     AcDbObjectId m_style;
     AcDb::TextHorzMode m_horizontal = AcDb::kTextLeft;
+    AcDb::TextVertMode m_vertical = AcDb::kTextBase;
     AcGePoint3d m_position;
     AcGePoint3d m_alignment;
     AcGeVector3d m_normal{0.0, 0.0, 1.0};
