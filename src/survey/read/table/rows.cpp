@@ -96,16 +96,21 @@ std::vector<Line> linesOf(std::string_view text)
     return lines;
 }
 
-/// How many numbers the rows have, of a sample spread over the text.
-size_t numbersBy(const std::vector<Line>& lines, char separator)
+/// How well a separator splits: how many numbers it gives, and how many rows of two fields or more, of a sample spread
+/// over the text.
+std::pair<size_t, size_t> worthOf(const std::vector<Line>& lines, char separator)
 {
     constexpr size_t kSample = 200;
     const size_t step = std::max<size_t>(1, lines.size() / kSample);
-    size_t count = 0;
+    std::pair<size_t, size_t> worth;
     for (size_t i = 0; i < lines.size(); i += step)
-        for (const std::string& field : split(lines[i].text, separator))
-            count += fieldNumber(field) ? 1 : 0;
-    return count;
+    {
+        const std::vector<std::string> fields = split(lines[i].text, separator);
+        worth.first += static_cast<size_t>(std::count_if(
+            fields.begin(), fields.end(), [](const std::string& field) { return fieldNumber(field).has_value(); }));
+        worth.second += fields.size() > 1 ? 1 : 0;
+    }
+    return worth;
 }
 
 } // namespace
@@ -113,12 +118,11 @@ size_t numbersBy(const std::vector<Line>& lines, char separator)
 Rows readRows(std::string_view text)
 {
     const std::vector<Line> lines = linesOf(text);
-    std::array<size_t, kSeparators.size()> numbers{};
-    std::transform(kSeparators.begin(), kSeparators.end(), numbers.begin(),
-                   [&](char separator) { return numbersBy(lines, separator); });
+    std::array<std::pair<size_t, size_t>, kSeparators.size()> worths;
+    std::transform(kSeparators.begin(), kSeparators.end(), worths.begin(),
+                   [&](char separator) { return worthOf(lines, separator); });
     Rows table;
-    table.separator =
-        kSeparators[static_cast<size_t>(std::max_element(numbers.begin(), numbers.end()) - numbers.begin())];
+    table.separator = kSeparators[static_cast<size_t>(std::max_element(worths.begin(), worths.end()) - worths.begin())];
     table.rows.reserve(lines.size());
     for (const Line& line : lines)
         table.rows.push_back({line.number, split(line.text, table.separator)});

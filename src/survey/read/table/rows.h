@@ -24,8 +24,8 @@ struct Rows
     char separator = 0;
 };
 
-/// Splits a text with the separator by which most rows have the most numbers. A field between quotation marks may hold
-/// the separator.
+/// Splits a text with the separator that gives the most numbers, of equals the one that splits the most rows. A field
+/// between quotation marks may hold the separator.
 Rows readRows(std::string_view text);
 
 /// A field as a number: with a point, or with a decimal comma.
