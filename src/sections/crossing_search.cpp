@@ -197,13 +197,11 @@ void CrossingSearch::collectLongSegment(std::span<const AcGePoint2d> path, size_
     }
 }
 
-/// Crosses the segments of a path that may meet one line with it, and stops when what follows cannot change the first
-/// two places. On a path that ends where it began, that needs a third: the last place may turn out to be the first
-/// again.
+/// Crosses the segments of a path that may meet one line with it, up to the second place. On a path that ends where it
+/// began, a last place that is the first again is never one of the first two: as the second it would follow the first
+/// and be the same place.
 void CrossingSearch::cross(std::span<const AcGePoint2d> path, std::span<const Pair> pairs)
 {
-    const bool isRing = path.front().x == path.back().x && path.front().y == path.back().y;
-    const size_t enough = isRing ? 3 : 2;
     const BoxedSegment& line = m_segments[pairs.front().line];
     const double gap = m_gates[pairs.front().line].ownGap;
     CrossingList list{m_points};
@@ -212,11 +210,9 @@ void CrossingSearch::cross(std::span<const AcGePoint2d> path, std::span<const Pa
         const StraightWay own{path[pair.segment], path[pair.segment + 1]};
         if (!isUsable(own) || !addClearCrossing(own, {line.from, line.to}, gap, 0.0, list))
             addByCloserLook({vertexOf(own.from), vertexOf(own.to)}, line, list);
-        if (m_points.size() >= enough)
+        if (m_points.size() > 1)
             break;
     }
-    if (isRing)
-        list.endClosed({path.front().x, path.front().y, 0.0});
     if (m_points.empty())
         return;
     LineCrossing& crossing = m_crossings.emplace_back();
