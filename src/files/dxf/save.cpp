@@ -10,14 +10,26 @@
 namespace files
 {
 
-void saveDrawing(AcDbDatabase& database, const std::string& path, const disk::FileStamp& seen)
+void requireSavable(AcDbDatabase& database, const std::string& path)
 {
-    requireDrawingOutput(path);
     if (!database.hasHandlesLeft())
         throw FileError{path, "the drawing has no handles left for new objects: one of its objects has the last that "
                               "there is, or one so near it that the new ones did not fit"};
+}
+
+void saveDrawingBytes(const std::vector<std::string_view>& pieces, const std::string& path, const disk::FileStamp& seen,
+                      disk::Faults& faults)
+{
+    requireDrawingOutput(path);
+    disk::replaceFile(path, pieces, {.keepEarlier = true, .seen = seen}, faults);
+}
+
+void saveDrawing(AcDbDatabase& database, const std::string& path, const disk::FileStamp& seen)
+{
+    requireDrawingOutput(path);
+    requireSavable(database, path);
     const DrawingPieces drawing{database};
-    disk::replaceFile(path, drawing.pieces(), {.keepEarlier = true, .seen = seen}, host::diskFaults());
+    saveDrawingBytes(drawing.pieces(), path, seen, host::diskFaults());
 }
 
 } // namespace files

@@ -11,7 +11,7 @@
 namespace
 {
 
-host::NothingKept* innermost = nullptr;
+thread_local host::NothingKept* innermost = nullptr;
 
 } // namespace
 

@@ -2,12 +2,12 @@
 
 namespace
 {
-constinit Ledger processLedger;
+constinit thread_local Ledger ownLedger;
 }
 
 Ledger& ledger()
 {
-    return processLedger;
+    return ownLedger;
 }
 
 std::string Ledger::describe() const

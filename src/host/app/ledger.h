@@ -21,5 +21,5 @@ struct Ledger
     std::string describe() const;
 };
 
-/// The ledger of the process: counted always, whatever session is current.
+/// The ledger of the thread: counted always, whatever session is current.
 Ledger& ledger();

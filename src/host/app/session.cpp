@@ -13,7 +13,7 @@ namespace host
 namespace
 {
 
-Session* innermost = nullptr;
+thread_local Session* innermost = nullptr;
 
 std::vector<std::u16string> wordsOf(std::u16string_view line)
 {

@@ -38,8 +38,9 @@ struct IncompleteFile
 };
 
 /// A running host: documents, commands, reader and writer, front end. The free functions of the host reach it through
-/// `current()`; sessions nest (the inner one is current), each is left in the reverse order.
-/// Ends with its documents closed and its module unloaded.
+/// `current()`; sessions nest (the inner one is current), each is left in the reverse order. A session belongs to the
+/// thread that it was made on; drawings can be read in one on another thread and handed over when it is done. Ends with
+/// its documents closed and its module unloaded.
 class Session
 {
 public:

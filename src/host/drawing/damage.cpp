@@ -4,6 +4,7 @@
 #include "host/drawing/database.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace host
 {
@@ -64,6 +65,15 @@ void DamageLog::note(AcDbDatabase& database, ObjectRecord* record, const Tag& ta
         m_first = std::move(damage);
     else
         m_met.push_back(std::move(damage));
+}
+
+void DamageLog::take(DamageLog& other)
+{
+    if (!m_first)
+        m_first = std::move(other.m_first);
+    std::move(other.m_met.begin(), other.m_met.end(), std::back_inserter(m_met));
+    other.m_first.reset();
+    other.m_met.clear();
 }
 
 void DamageLog::forget(const AcDbDatabase& database)

@@ -34,6 +34,8 @@ public:
     void note(AcDbDatabase& database, ObjectRecord* record, const Tag& tag);
     const std::optional<Damage>& first() const { return m_first; }
     const std::vector<Damage>& met() const { return m_met; }
+    /// Takes over what another session, of another thread, came across in a drawing that it read for this one.
+    void take(DamageLog& other);
     /// A drawing is closed.
     void forget(const AcDbDatabase& database);
 

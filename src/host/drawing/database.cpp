@@ -12,12 +12,14 @@
 #include "host/drawing/resident_cache.h"
 #include "host/drawing/symbol_tables.h"
 #include "host/drawing/table_index.h"
+#include "host/drawing/undo_step.h"
 #include "store/numbers.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 namespace
 {
@@ -265,6 +267,8 @@ uint64_t AcDbDatabase::takeHandle()
 void AcDbDatabase::noteChange(ObjectRecord& record)
 {
     ++m_changeCount;
+    if (m_step != nullptr)
+        m_step->note(record);
     if (record.has(ObjectRecord::kChanged))
         return;
     record.set(ObjectRecord::kChanged, true);
@@ -283,17 +287,44 @@ void AcDbDatabase::setRecordText(ObjectRecord& record, std::string_view text)
     record.set(ObjectRecord::kOwnText, true);
 }
 
+void AcDbDatabase::listen(UndoStep* step)
+{
+    if (step != nullptr && m_step != nullptr)
+        throw std::logic_error("two steps listen to one drawing");
+    m_step = step;
+}
+
+void AcDbDatabase::forgetResident(ObjectRecord& record)
+{
+    const std::unique_ptr<AcDbObject> gone{std::exchange(record.resident, nullptr)};
+}
+
+void AcDbDatabase::setFileText(ObjectRecord& record, std::string_view text)
+{
+    noteChange(record);
+    if (record.has(ObjectRecord::kOwnText))
+        const std::unique_ptr<const char[]> earlier{record.text};
+    record.text = text.data();
+    record.length = static_cast<uint32_t>(text.size());
+    record.set(ObjectRecord::kOwnText, false);
+}
+
+/// Without what belongs to it.
+void AcDbDatabase::setOnlyErased(ObjectRecord& record, bool erased)
+{
+    noteChange(record);
+    record.set(ObjectRecord::kErased, erased);
+}
+
 void AcDbDatabase::setErased(ObjectRecord& record, bool erased)
 {
-    record.set(ObjectRecord::kErased, erased);
-    noteChange(record);
+    setOnlyErased(record, erased);
     for (size_t next = record.order + 1; next < m_store.records.size(); ++next)
     {
         ObjectRecord& part = m_store.records[next];
         if (!part.has(ObjectRecord::kSubEntity) || record.has(ObjectRecord::kSubEntity))
             break;
-        part.set(ObjectRecord::kErased, erased);
-        noteChange(part);
+        setOnlyErased(part, erased);
     }
 }
 

@@ -27,6 +27,7 @@ class HandleTable;
 class HeaderVariables;
 class ResidentCache;
 class TableIndex;
+class UndoStep;
 
 enum class DwgShareMode
 {
@@ -134,11 +135,17 @@ public:
     Acad::ErrorStatus refuseWrite(const ObjectRecord& record);
 
 private:
+    friend class UndoStep;
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, const AcRxClass*, bool);
 
     Acad::ErrorStatus insertModelSpace(AcDbObjectId& blockId, const char16_t* name, AcDbDatabase* source,
                                        std::string& damage);
     void noteChange(ObjectRecord& record);
+    /// The step that hears of every change before it is made; null: none.
+    void listen(UndoStep* step);
+    void forgetResident(ObjectRecord& record);
+    void setFileText(ObjectRecord& record, std::string_view text);
+    void setOnlyErased(ObjectRecord& record, bool erased);
     ObjectRecord& makeRecord(uint32_t container, std::string_view dxfName);
     std::unique_ptr<AcDbObject> load(ObjectRecord& record);
     const ObjectRecord& headOf(const ObjectRecord& part);
@@ -148,6 +155,7 @@ private:
     DrawingStore m_store;
     std::u16string m_symbolPath; ///< what `readDwgFile` was asked for
     std::vector<Change> m_changes;
+    UndoStep* m_step = nullptr;
     uint64_t m_changeCount = 0;
     std::vector<const AcRxClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for
     std::unique_ptr<HeaderVariables> m_header;

@@ -6,6 +6,7 @@
 #include "host/drawing/table_index.h"
 
 #include <cstdlib>
+#include <utility>
 
 ACRX_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject, nullptr)
 ACRX_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord, u"STYLE")
@@ -100,9 +101,19 @@ void AcDbRegAppTableRecord::encode(TagWriter& out) const
     out.integer(70, 0);
 }
 
+Acad::ErrorStatus AcDbLayerTableRecord::mayChange()
+{
+    if (isFresh())
+        return mayChangeFresh();
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    m_isStateChanged = true;
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbLayerTableRecord::setFlag(int bit, bool on)
 {
-    const Acad::ErrorStatus status = mayChangeFresh();
+    const Acad::ErrorStatus status = mayChange();
     if (status == Acad::eOk)
         m_flags = on ? m_flags | bit : m_flags & ~bit;
     return status;
@@ -110,7 +121,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setFlag(int bit, bool on)
 
 Acad::ErrorStatus AcDbLayerTableRecord::setIsOff(bool off)
 {
-    const Acad::ErrorStatus status = mayChangeFresh();
+    const Acad::ErrorStatus status = mayChange();
     if (status == Acad::eOk)
         m_off = off;
     return status;
@@ -118,10 +129,43 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsOff(bool off)
 
 Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color)
 {
-    const Acad::ErrorStatus status = mayChangeFresh();
+    const Acad::ErrorStatus status = mayChange();
     if (status == Acad::eOk)
         m_color = color;
+    if (status == Acad::eOk && !isFresh())
+        m_isColorChanged = true;
     return status;
+}
+
+/// Changes the pairs that say another thing than the layer does now; a palette colour takes the place of a true one.
+void AcDbLayerTableRecord::beforeClose()
+{
+    const bool isColorChanged = std::exchange(m_isColorChanged, false);
+    if (!std::exchange(m_isStateChanged, false))
+        return;
+    const auto pairOf = [](int code, int value)
+    {
+        TagWriter out;
+        out.integer(code, value);
+        return out.take();
+    };
+    PairEdit edit{pairs()};
+    bool hasFlags = false;
+    bool hasColor = false;
+    OwnPairs own{pairs()};
+    for (Tag tag; own.next(tag);)
+        if (tag.code == 70 && !std::exchange(hasFlags, true) && tag.integerOr(0) != m_flags)
+            edit.replace(tag, pairOf(70, m_flags));
+        else if (tag.code == 62 && !std::exchange(hasColor, true) && tag.integerOr(0) != signedColor())
+            edit.replace(tag, pairOf(62, signedColor()));
+        else if (isColorChanged && (tag.code == 420 || tag.code == 430))
+            edit.replace(tag, {});
+    if (!hasFlags)
+        edit.insert(own.position(), pairOf(70, m_flags));
+    if (!hasColor)
+        edit.insert(own.position(), pairOf(62, signedColor()));
+    if (const std::string changed = edit.take(); changed != pairs())
+        setPairs(changed);
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id)
@@ -156,7 +200,7 @@ void AcDbLayerTableRecord::encode(TagWriter& out) const
     out.text(100, "AcDbLayerTableRecord");
     out.text(2, encodeText(getName()));
     out.integer(70, m_flags);
-    out.integer(62, m_off ? -m_color.colorIndex() : m_color.colorIndex());
+    out.integer(62, signedColor());
     out.text(6, m_linetype.isNull() ? "Continuous" : spellingOf(*m_linetype.record()));
     out.integer(370, kDefaultLineWeight);
     if (const uint64_t plotStyle = plotStyleOfLayers(*database()); plotStyle != 0)

@@ -186,6 +186,8 @@ private:
     int m_index = 7;
 };
 
+/// A layer. One that is loaded can be changed too while it is open for write, but for its linetype: its state reaches
+/// its pairs when it is closed.
 class AcDbLayerTableRecord : public AcDbSymbolTableRecord
 {
 public:
@@ -206,11 +208,16 @@ public:
 protected:
     void decode(TagReader& pairs) override;
     void encode(TagWriter& out) const override;
+    void beforeClose() override;
 
 private:
+    Acad::ErrorStatus mayChange();
     Acad::ErrorStatus setFlag(int bit, bool on);
+    int signedColor() const { return m_off ? -m_color.colorIndex() : m_color.colorIndex(); }
 
     int m_flags = 0;
+    bool m_isStateChanged = false; ///< of a loaded layer, waiting for the close
+    bool m_isColorChanged = false;
     bool m_off = false;
     AcCmColor m_color;
     AcDbObjectId m_linetype; ///< null: continuous

@@ -143,6 +143,13 @@ void View::zoomWindow(const AcGePoint2d& a, const AcGePoint2d& b)
         zoomTo({fitted(window, m_aspect)});
 }
 
+void View::lookAt(const AcGePoint2d& a, const AcGePoint2d& b)
+{
+    const AcGeExtents window{{a.x, a.y, 0.0}, {b.x, b.y, 0.0}};
+    if (window.isValid() && a.x != b.x && a.y != b.y)
+        m_current = Frame{window};
+}
+
 void View::zoomPrevious()
 {
     if (m_previous.empty())

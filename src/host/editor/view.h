@@ -23,6 +23,8 @@ public:
     void zoomWindow(const AcGePoint2d& a, const AcGePoint2d& b);
     /// Back to what was shown before the last zoom; nothing when there is no such view.
     void zoomPrevious();
+    /// Shows a window without a word to the history that `zoomPrevious` walks: the user looks around.
+    void lookAt(const AcGePoint2d& a, const AcGePoint2d& b);
     /// Width divided by height of the window.
     void setAspect(double aspect) { m_aspect = aspect; }
 
