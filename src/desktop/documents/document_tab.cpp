@@ -3,6 +3,7 @@
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/view/drawing_view.h"
+#include "host/app/document.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -11,6 +12,8 @@
 #include <QStackedLayout>
 #include <QTabBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace desktop
 {
@@ -41,12 +44,7 @@ QWidget* DocumentTab::waitingPage()
     for (QWidget* widget : {static_cast<QWidget*>(label), static_cast<QWidget*>(bar), static_cast<QWidget*>(cancel)})
         column->addWidget(widget, 0, Qt::AlignHCenter);
     column->addStretch();
-    QObject::connect(cancel, &QPushButton::clicked, this,
-                     [this]
-                     {
-                         if (const std::function<void()> act = m_cancel)
-                             act();
-                     });
+    QObject::connect(cancel, &QPushButton::clicked, this, [this] { cancelReading(); });
     return page;
 }
 
@@ -70,12 +68,29 @@ QWidget* DocumentTab::drawingPage()
     return page;
 }
 
+void DocumentTab::setReading(std::function<void()> cancel)
+{
+    m_cancel = std::move(cancel);
+    m_pages->setCurrentIndex(m_cancel || !m_document ? 0 : 1);
+}
+
+void DocumentTab::cancelReading()
+{
+    if (const std::function<void()> act = m_cancel)
+        act();
+}
+
 void DocumentTab::setDocument(std::unique_ptr<OpenDocument> document)
 {
+    const bool isAgain = m_document != nullptr;
+    const ViewFrame before = m_view->frame();
+    m_view->setScene(nullptr);
     m_document = std::move(document);
     fillSpaces();
-    m_view->setScene(m_document->scene());
     m_pages->setCurrentIndex(1);
+    m_view->setScene(m_document->scene());
+    if (isAgain)
+        m_view->setFrame(before);
 }
 
 void DocumentTab::fillSpaces()
@@ -106,6 +121,55 @@ void DocumentTab::showModelSpace()
 {
     if (!showsModelSpace())
         showSpace(0);
+}
+
+void DocumentTab::showViewOfHost()
+{
+    const AcGeExtents shown = m_document->host().view().shown();
+    if (!shown.isValid())
+        return;
+    showModelSpace();
+    m_followsHost = true;
+    m_view->zoomTo({shown.minPoint().x, shown.minPoint().y, shown.maxPoint().x, shown.maxPoint().y}, 0.0);
+    m_followsHost = false;
+}
+
+void DocumentTab::tellHostOfView()
+{
+    if (!m_document || m_followsHost || !showsModelSpace() || m_view->height() == 0)
+        return;
+    const Box2d shown = m_view->shownBox();
+    m_document->host().view().setAspect(static_cast<double>(m_view->width()) / m_view->height());
+    m_document->host().view().lookAt({shown.minX, shown.minY}, {shown.maxX, shown.maxY});
+}
+
+void DocumentTab::lookAt(const Box2d& box)
+{
+    constexpr double kSmallest = 0.02; ///< shares of the view's height
+    constexpr double kMargin = 6.0;
+    if (box.isEmpty())
+        return;
+    const double height = std::max(box.maxY - box.minY, 0.25 * (box.maxX - box.minX));
+    const double share = height / m_view->frame().height;
+    if (height > 0.0 && (share < kSmallest || share > 1.0))
+        return m_view->zoomTo(box, kMargin);
+    m_view->setFrame({{(box.minX + box.maxX) / 2, (box.minY + box.maxY) / 2}, m_view->frame().height});
+}
+
+std::vector<AcDbObjectId> DocumentTab::entitiesIn(const Box2d& box, bool isCrossing)
+{
+    std::vector<AcDbObjectId> found;
+    picture::DisplayList& list = m_document->scene()->lists().space(m_view->space());
+    for (const uint32_t item : list.itemsIn(box))
+    {
+        const Box2d& own = list.box(item);
+        const AcDbObjectId id{list.items()[item].entity};
+        const bool isInside =
+            own.minX >= box.minX && own.maxX <= box.maxX && own.minY >= box.minY && own.maxY <= box.maxY;
+        if (!id.isErased() && (isCrossing || isInside))
+            found.push_back(id);
+    }
+    return found;
 }
 
 } // namespace desktop

@@ -30,9 +30,10 @@ public:
     OpenDocument* document() { return m_document.get(); }
     DrawingView& view() { return *m_view; }
 
-    /// While it is not read: what Cancel does.
-    void setCancel(std::function<void()> cancel) { m_cancel = std::move(cancel); }
-    /// The drawing is there: shows it.
+    /// A file is being read, which `cancel` gives up; with nothing: no longer.
+    void setReading(std::function<void()> cancel);
+    void cancelReading();
+    /// The drawing is there: shows it, in place of an earlier one at the same place.
     void setDocument(std::unique_ptr<OpenDocument> document);
     /// Shows a space by its place among the tabs below.
     void showSpace(int index);
@@ -40,6 +41,15 @@ public:
     /// Model space, where commands work.
     void showModelSpace();
     QTabBar& spaces() { return *m_spaces; }
+
+    /// The view shows what the host's does: after a command that zooms.
+    void showViewOfHost();
+    /// The host's view shows what the user looks at.
+    void tellHostOfView();
+    /// Brings a box into the middle, nearer where it would be too small to be read.
+    void lookAt(const Box2d& box);
+    /// What lies in a box of the space that is shown, or at least partly when it is crossing.
+    std::vector<AcDbObjectId> entitiesIn(const Box2d& box, bool isCrossing);
 
 private:
     QWidget* waitingPage();
@@ -52,6 +62,7 @@ private:
     QStackedLayout* m_pages;
     DrawingView* m_view = nullptr;
     QTabBar* m_spaces = nullptr;
+    bool m_followsHost = false; ///< the view moves because the host's did
 };
 
 } // namespace desktop

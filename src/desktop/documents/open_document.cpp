@@ -19,9 +19,9 @@ AcApDocument& addDocument(DrawingStore store, const std::string& path)
 } // namespace
 
 OpenDocument::OpenDocument(ReadDrawing read)
-    : m_path{std::move(read.path)}, m_seen{read.seen}, m_isConverted{read.isConverted},
-      m_host{addDocument(std::move(read.store), m_path)}, m_scene{std::make_shared<Scene>(*m_host.database(),
-                                                                                          fontFolders(m_path))}
+    : m_path{std::move(read.path)}, m_seen{read.seen}, m_news{read.seen},
+      m_isConverted{read.isConverted}, m_host{addDocument(std::move(read.store), m_path)},
+      m_scene{std::make_shared<Scene>(*m_host.database(), fontFolders(m_path))}, m_undo{*m_host.database()}
 {
 }
 
@@ -36,18 +36,20 @@ AcDbDatabase& OpenDocument::database()
     return *m_host.database();
 }
 
-bool OpenDocument::isChanged()
-{
-    return database().changeCount() != m_savedCount && database().isModified();
-}
-
-void OpenDocument::saved(const std::string& path, uint64_t changeCount)
+void OpenDocument::saved(const std::string& path, const disk::FileStamp& seen)
 {
     m_path = path;
-    m_seen = disk::stampOf(path);
+    m_seen = seen;
+    m_news = seen;
     m_isConverted = false;
-    m_savedCount = changeCount;
+    m_undo.setSaved();
     m_host.setFileName(modulePath(path));
+}
+
+bool OpenDocument::takeNewsOfFile()
+{
+    const disk::FileStamp now = disk::stampOf(m_path);
+    return !(now == m_seen) && !(now == std::exchange(m_news, now));
 }
 
 } // namespace desktop

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/documents/reading.h"
+#include "desktop/documents/undo_stack.h"
 #include "desktop/view/scene.h"
 
 #include <memory>
@@ -25,6 +26,7 @@ public:
     AcApDocument& host() { return m_host; }
     AcDbDatabase& database();
     const std::shared_ptr<Scene>& scene() const { return m_scene; }
+    UndoStack& undo() { return m_undo; }
 
     /// The file that it was read from or saved to last.
     const std::string& path() const { return m_path; }
@@ -32,17 +34,20 @@ public:
     bool needsName() const { return m_isConverted; }
     const disk::FileStamp& seen() const { return m_seen; }
     /// Whether it holds what its file does not.
-    bool isChanged();
-    /// It was saved, with all that is in it.
-    void saved(const std::string& path, uint64_t changeCount);
+    bool isChanged() const { return !m_undo.isAsSaved(); }
+    /// It was saved as it is; the file is now in the state `seen`.
+    void saved(const std::string& path, const disk::FileStamp& seen);
+    /// Whether the file is in a state that is neither the one known nor one that this answered true for before.
+    bool takeNewsOfFile();
 
 private:
     std::string m_path;
     disk::FileStamp m_seen;
+    disk::FileStamp m_news; ///< the state of the file that was told last
     bool m_isConverted;
     AcApDocument& m_host;
     std::shared_ptr<Scene> m_scene;
-    uint64_t m_savedCount = 0; ///< the drawing's change count when it was saved last
+    UndoStack m_undo;
 };
 
 } // namespace desktop

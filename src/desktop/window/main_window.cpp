@@ -1,26 +1,28 @@
 #include "desktop/window/main_window.h"
 
+#include "desktop/command/command_line.h"
 #include "desktop/documents/document_tab.h"
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
+#include "desktop/panels/find_bar.h"
+#include "desktop/panels/property_panel.h"
 #include "desktop/view/drawing_view.h"
-#include "desktop/window/recent_files.h"
+#include "desktop/window/user_actions.h"
 #include "disk/replace.h"
 
-#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QUrl>
-
-#include <filesystem>
+#include <QVBoxLayout>
 
 namespace desktop
 {
@@ -40,99 +42,156 @@ std::vector<std::string> drawingsIn(const QMimeData& data)
 } // namespace
 
 MainWindow::MainWindow(host::SessionOptions options)
-    : m_ask{*this, m_gate}, m_desk{std::move(options)}, m_theme{storedTheme()}, m_pages{new QStackedWidget},
-      m_tabs{new QTabWidget}
+    : m_ask{*this, m_gate}, m_desk{std::move(options)}, m_theme{storedTheme()}, m_files{*this}
 {
     setWindowTitle("Veloxa");
     setAcceptDrops(true);
-    m_tabs->setDocumentMode(true);
-    m_tabs->setTabsClosable(true);
-    m_tabs->setMovable(true);
-    m_pages->addWidget(buildStartPage());
-    m_pages->addWidget(m_tabs);
-    setCentralWidget(m_pages);
-    buildMenus();
+    applyTheme(m_theme);
+    buildCentre();
+    buildPanels();
     buildStatusBar();
-    connect(m_tabs, &QTabWidget::currentChanged, this, [this] { frontChanged(); });
-    connect(m_tabs, &QTabWidget::tabCloseRequested, this,
-            [this](int index) { perform([this, index] { closeTab(*tabAt(index)); }); });
-    m_desk.frontEnd().onDrawingChanged = [this] { viewOfHostMoved(); };
+    addUserActions(*this);
+    connectCommandLine();
+    connectFindBar();
+    m_desk.frontEnd().onDrawingChanged = [this] { m_hostViewMoved = true; };
     m_desk.frontEnd().onMessage = [this](const std::u16string& text) { m_ask.tell("Veloxa", toQString(text)); };
-    useTheme(m_theme);
+    m_files.onOpened = [this](DocumentTab& tab)
+    {
+        connectView(tab);
+        frontChanged();
+    };
+    qApp->installEventFilter(this);
     resize(1280, 800);
     restoreGeometry(QSettings{}.value("geometry").toByteArray());
+    restoreState(QSettings{}.value("panels").toByteArray());
 }
 
 MainWindow::~MainWindow()
 {
+    qApp->removeEventFilter(this);
     const QSignalBlocker quiet{m_tabs};
     while (m_tabs->count() > 0)
         delete m_tabs->widget(0);
 }
 
-QWidget* MainWindow::buildStartPage()
+void MainWindow::buildCentre()
 {
-    auto* label = new QLabel{msg("Open a drawing (Ctrl+O), or drop one here")};
-    label->setAlignment(Qt::AlignCenter);
-    return label;
+    auto* centre = new QWidget;
+    auto* column = new QVBoxLayout{centre};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_pages = new QStackedWidget;
+    m_tabs = new QTabWidget;
+    m_tabs->setDocumentMode(true);
+    m_tabs->setTabsClosable(true);
+    m_tabs->setMovable(true);
+    m_tabs->setFocusPolicy(Qt::NoFocus);
+    auto* start = new QLabel{msg("Open a drawing (Ctrl+O), or drop one here")};
+    start->setAlignment(Qt::AlignCenter);
+    m_pages->addWidget(start);
+    m_pages->addWidget(m_tabs);
+    m_findBar = new FindBar;
+    m_commandLine = new CommandLine;
+    for (QWidget* part :
+         {static_cast<QWidget*>(m_pages), static_cast<QWidget*>(m_findBar), static_cast<QWidget*>(m_commandLine)})
+        column->addWidget(part, part == m_pages ? 1 : 0);
+    setCentralWidget(centre);
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this] { frontChanged(); });
+    connect(m_tabs, &QTabWidget::tabCloseRequested, this,
+            [this](int index) { perform([this, index] { m_files.close(*tabAt(index)); }); });
 }
 
-QAction* MainWindow::add(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
-                         const std::function<void()>& action)
+void MainWindow::buildPanels()
 {
-    QAction* made = menu->addAction(text);
-    made->setObjectName(name);
-    made->setShortcut(keys);
-    connect(made, &QAction::triggered, this, [this, action] { perform(action); });
-    return made;
-}
-
-void MainWindow::buildMenus()
-{
-    QMenu* file = menuBar()->addMenu(msg("&File"));
-    add(file, "open", msg("&Open…"), QKeySequence::Open, [this] { askToOpen(); });
-    QMenu* recent = file->addMenu(msg("Open &recent"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecent(*recent); });
-    file->addSeparator();
-    add(file, "close", msg("&Close"), QKeySequence::Close,
-        [this]
-        {
-            if (DocumentTab* tab = currentTab())
-                closeTab(*tab);
-        });
-    // Not through perform: the window closes by its own event.
-    QAction* quit = file->addAction(msg("&Quit"));
-    quit->setShortcut(QKeySequence::Quit);
-    connect(quit, &QAction::triggered, this, [this] { close(); });
-
-    QMenu* view = menuBar()->addMenu(msg("&View"));
-    add(view, "zoomExtents", msg("Zoom to &all"), QKeySequence{Qt::CTRL | Qt::Key_0},
-        [this]
-        {
-            if (DocumentTab* tab = currentTab())
-                tab->view().zoomExtents();
-        });
-    view->addSeparator();
-    add(view, "theme", msg("&Dark or light"), QKeySequence{Qt::Key_F9},
-        [this] { useTheme(m_theme == Theme::kDark ? Theme::kLight : Theme::kDark); });
+    const auto addPanel = [this](const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area)
+    {
+        auto* dock = new QDockWidget{title};
+        dock->setObjectName(name);
+        dock->setWidget(panel);
+        addDockWidget(area, dock);
+    };
+    m_properties = new PropertyPanel;
+    addPanel("propertiesPanel", msg("Properties"), m_properties, Qt::RightDockWidgetArea);
 }
 
 void MainWindow::buildStatusBar()
 {
+    m_measured = new QLabel;
+    m_measured->setObjectName("measured");
     m_coordinates = new QLabel;
     m_coordinates->setObjectName("coordinates");
     m_coordinates->setMinimumWidth(fontMetrics().horizontalAdvance("000000000.000, 000000000.000"));
+    statusBar()->addPermanentWidget(m_measured);
     statusBar()->addPermanentWidget(m_coordinates);
 }
 
-void MainWindow::fillRecent(QMenu& menu)
+void MainWindow::connectCommandLine()
 {
-    menu.clear();
-    for (const std::string& path : recentFiles())
-        connect(menu.addAction(shownPath(path).replace('&', "&&")), &QAction::triggered, this,
-                [this, path] { open({path}); });
-    if (menu.isEmpty())
-        menu.addAction(msg("None yet"))->setEnabled(false);
+    m_interpreter.onEcho = [this](const QString& text) { m_commandLine->append(text); };
+    m_interpreter.onPromptChanged = [this] { m_commandLine->setPrompt(m_interpreter.prompt()); };
+    m_commandLine->completions = [this](const QString& begin) { return m_interpreter.completions(begin); };
+    m_commandLine->takesBlanks = [this] { return m_interpreter.takesWholeLine(); };
+    m_commandLine->onEscape = [this] { escape(); };
+    m_commandLine->onConfirmed = [this](const QString& line) { m_interpreter.submit(line); };
+}
+
+void MainWindow::connectFindBar()
+{
+    m_findBar->search = [this](const QString& words)
+    {
+        DocumentTab* tab = currentTab();
+        return tab != nullptr && tab->document() != nullptr
+                   ? searchDrawing(*tab->document()->scene(), tab->view().space(), words)
+                   : std::vector<Match>{};
+    };
+    m_findBar->show = [this](const Match& match)
+    {
+        if (DocumentTab* tab = currentTab(); tab != nullptr && !match.entity.isErased())
+        {
+            tab->lookAt(match.box);
+            select(match.entity);
+        }
+    };
+    m_findBar->onClosed = [this]
+    {
+        if (DocumentTab* tab = currentTab())
+            tab->view().setFocus();
+    };
+}
+
+void MainWindow::connectView(DocumentTab& tab)
+{
+    DrawingView& view = tab.view();
+    view.disconnect(this);
+    view.setBackground(backgroundOf(m_theme));
+    connect(&view, &DrawingView::cursorMoved, this,
+            [this](double x, double y)
+            { m_coordinates->setText(QString::number(x, 'f', 3) + ", " + QString::number(y, 'f', 3)); });
+    connect(&view, &DrawingView::cursorLeft, this, [this] { m_coordinates->clear(); });
+    connect(&view, &DrawingView::viewChanged, this, [&tab] { tab.tellHostOfView(); });
+    connect(&view, &DrawingView::picked, this,
+            [this](AcDbObjectId entity, double x, double y) { picked(entity, x, y); });
+    connect(&view, &DrawingView::windowDrawn, this,
+            [this, &tab](const Box2d& box, bool isCrossing) { boxed(tab, box, isCrossing); });
+    connect(&view, &DrawingView::measured, this,
+            [this](double piece, double total, double dx, double dy)
+            {
+                m_measured->setText(msg("Distance %1 (ΔX %2, ΔY %3), together %4")
+                                        .arg(piece, 0, 'f', 3)
+                                        .arg(dx, 0, 'f', 3)
+                                        .arg(dy, 0, 'f', 3)
+                                        .arg(total, 0, 'f', 3));
+            });
+    connect(&view, &DrawingView::toolChanged, this,
+            [this, &view]
+            {
+                if (view.tool() != DrawingView::Tool::kMeasure && !m_measured->text().isEmpty())
+                {
+                    say(m_measured->text());
+                    m_measured->clear();
+                }
+            });
+    tab.tellHostOfView();
 }
 
 void MainWindow::perform(const std::function<void()>& action)
@@ -146,20 +205,50 @@ void MainWindow::perform(const std::function<void()>& action)
         {
             action();
         }
+        catch (const std::bad_alloc&)
+        {
+            failure = msg("There is not enough memory.");
+        }
         catch (const std::exception& error)
         {
             failure = QString::fromUtf8(error.what());
         }
+        drawingsMayHaveChanged();
     }
-    showTitles();
     if (!failure.isEmpty())
         m_ask.tell("Veloxa", failure);
+}
+
+void MainWindow::change(const QString& title, const std::function<void()>& action)
+{
+    perform(
+        [this, &title, &action]
+        {
+            if (OpenDocument* document = currentDocument())
+            {
+                const UndoStack::Recording recording{document->undo(), title};
+                action();
+            }
+        });
+}
+
+/// Shows what a command did: new entities, the view that it left, the mark of what was changed.
+void MainWindow::drawingsMayHaveChanged()
+{
+    for (DocumentTab* tab : openTabs())
+        tab->document()->scene()->refresh();
+    if (DocumentTab* tab = currentTab(); tab != nullptr && m_hostViewMoved)
+        tab->showViewOfHost();
+    m_hostViewMoved = false;
+    m_findBar->forget();
+    showTitles();
 }
 
 void MainWindow::say(const QString& text)
 {
     constexpr int kMilliseconds = 8000;
     statusBar()->showMessage(text, kMilliseconds);
+    m_commandLine->append(text);
 }
 
 DocumentTab* MainWindow::tabAt(int index) const
@@ -178,21 +267,21 @@ OpenDocument* MainWindow::currentDocument() const
     return tab != nullptr ? tab->document() : nullptr;
 }
 
+std::vector<DocumentTab*> MainWindow::openTabs() const
+{
+    std::vector<DocumentTab*> open;
+    for (int i = 0; i < m_tabs->count(); ++i)
+        if (tabAt(i)->document() != nullptr)
+            open.push_back(tabAt(i));
+    return open;
+}
+
 DocumentTab* MainWindow::tabOf(const std::string& path) const
 {
     for (int i = 0; i < m_tabs->count(); ++i)
         if (tabAt(i)->path() == path || disk::isSameFile(tabAt(i)->path(), path))
             return tabAt(i);
     return nullptr;
-}
-
-void MainWindow::askToOpen()
-{
-    const std::vector<std::string> recent = recentFiles();
-    const DocumentTab* front = currentTab();
-    const std::filesystem::path near = front != nullptr ? front->path() : recent.empty() ? "" : recent.front();
-    for (const std::string& path : m_ask.drawingsToOpen(near.parent_path().string()))
-        openOne(path);
 }
 
 void MainWindow::open(const std::vector<std::string>& paths)
@@ -204,74 +293,53 @@ void MainWindow::open(const std::vector<std::string>& paths)
                 [this, &paths]
                 {
                     for (const std::string& path : paths)
-                        openOne(path);
+                        m_files.open(path);
                 });
         });
 }
 
-void MainWindow::openOne(const std::string& path)
+DocumentTab& MainWindow::addTab(const std::string& path)
 {
-    if (DocumentTab* open = tabOf(path))
-        return m_tabs->setCurrentWidget(open);
     auto* tab = new DocumentTab{path};
     m_tabs->addTab(tab, QFileInfo{shownPath(path)}.fileName());
-    m_tabs->setCurrentWidget(tab);
     m_pages->setCurrentWidget(m_tabs);
-    const Jobs::Handle job =
-        m_jobs.start<ReadDrawing>([path](const std::stop_token&) { return readDrawing(path); },
-                                  [this, tab](Outcome<ReadDrawing> outcome)
-                                  {
-                                      const auto read = std::make_shared<Outcome<ReadDrawing>>(std::move(outcome));
-                                      m_gate.whenOpen([this, tab, read] { this->read(*tab, std::move(*read)); });
-                                  });
-    tab->setCancel([job] { (*job)(); });
+    showTab(*tab);
+    return *tab;
 }
 
-void MainWindow::read(DocumentTab& tab, Outcome<ReadDrawing> outcome)
+void MainWindow::showTab(DocumentTab& tab)
 {
-    if (!outcome.result)
-        removeTab(tab);
-    if (outcome.cancelled)
-        return say(msg("Reading was cancelled"));
-    if (!outcome.result)
-        return m_ask.tell(msg("The drawing could not be opened"), QString::fromUtf8(outcome.reason.c_str()));
-    perform(
-        [&]
-        {
-            tab.setDocument(std::make_unique<OpenDocument>(std::move(*outcome.result)));
-            DrawingView& view = tab.view();
-            view.setBackground(backgroundOf(m_theme));
-            connect(&view, &DrawingView::cursorMoved, this,
-                    [this](double x, double y)
-                    { m_coordinates->setText(QString::number(x, 'f', 3) + ", " + QString::number(y, 'f', 3)); });
-            connect(&view, &DrawingView::cursorLeft, this, [this] { m_coordinates->clear(); });
-            connect(&view, &DrawingView::viewChanged, this, [this, &tab] { viewMoved(tab); });
-            addRecentFile(tab.path());
-            if (tab.document()->needsName())
-                say(msg("A copy, converted from DWG: saved, it becomes a DXF"));
-            frontChanged();
-        });
+    m_tabs->setCurrentWidget(&tab);
 }
 
 void MainWindow::removeTab(DocumentTab& tab)
 {
+    m_interpreter.cancel();
     m_tabs->removeTab(m_tabs->indexOf(&tab));
     delete &tab;
     if (m_tabs->count() == 0)
         m_pages->setCurrentIndex(0);
-}
-
-bool MainWindow::closeTab(DocumentTab& tab)
-{
-    removeTab(tab);
-    return true;
+    frontChanged();
 }
 
 void MainWindow::frontChanged()
 {
+    m_interpreter.cancel();
+    m_findBar->forget();
     if (OpenDocument* document = currentDocument())
         m_desk.documents().setCurrent(&document->host());
+    select(AcDbObjectId::kNull);
     showTitles();
+    focusDrawing();
+}
+
+/// Unless the user is typing somewhere.
+void MainWindow::focusDrawing()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr || !focus->isVisible() || !focus->testAttribute(Qt::WA_InputMethodEnabled))
+        if (DocumentTab* tab = currentTab())
+            tab->view().setFocus();
 }
 
 void MainWindow::showTitles()
@@ -287,25 +355,58 @@ void MainWindow::showTitles()
     setWindowTitle(front == nullptr ? QString{"Veloxa"} : QFileInfo{shownPath(front->path())}.fileName() + " – Veloxa");
 }
 
-void MainWindow::useTheme(Theme theme)
+void MainWindow::select(AcDbObjectId entity)
 {
-    m_theme = theme;
-    storeTheme(theme);
-    applyTheme(theme);
-    for (int i = 0; i < m_tabs->count(); ++i)
-        tabAt(i)->view().setBackground(backgroundOf(theme));
+    m_properties->showEntity(entity);
+    if (DocumentTab* tab = currentTab())
+        tab->view().setHighlighted(entity.isNull() ? std::vector<AcDbObjectId>{} : std::vector{entity});
 }
 
-void MainWindow::viewMoved(DocumentTab&) {}
+void MainWindow::picked(AcDbObjectId entity, double x, double y)
+{
+    if (!m_interpreter.takePoint({x, y}))
+        select(entity);
+}
 
-void MainWindow::viewOfHostMoved() {}
+void MainWindow::boxed(DocumentTab& tab, const Box2d& box, bool isCrossing)
+{
+    const std::vector<AcDbObjectId> entities = tab.entitiesIn(box, isCrossing);
+    tab.view().setHighlighted(entities);
+    m_properties->showEntities(entities);
+}
+
+void MainWindow::escape()
+{
+    const bool wasAsking = m_interpreter.cancel();
+    DocumentTab* tab = currentTab();
+    const bool hadTool = tab != nullptr && tab->view().cancel();
+    if (!wasAsking && !hadTool)
+        select(AcDbObjectId::kNull);
+}
+
+void MainWindow::toggleTheme()
+{
+    m_theme = m_theme == Theme::kDark ? Theme::kLight : Theme::kDark;
+    storeTheme(m_theme);
+    applyTheme(m_theme);
+    for (int i = 0; i < m_tabs->count(); ++i)
+        tabAt(i)->view().setBackground(backgroundOf(m_theme));
+}
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    event->ignore();
     if (!m_gate.isOpen())
-        return event->ignore();
-    QSettings{}.setValue("geometry", saveGeometry());
-    event->accept();
+        return;
+    perform(
+        [this, event]
+        {
+            if (!m_files.closeAll())
+                return;
+            QSettings{}.setValue("geometry", saveGeometry());
+            QSettings{}.setValue("panels", saveState());
+            event->accept();
+        });
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -318,6 +419,32 @@ void MainWindow::dropEvent(QDropEvent* event)
 {
     open(drawingsIn(*event->mimeData()));
     event->acceptProposedAction();
+}
+
+/// Typing anywhere in the window goes to the command line.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget() || !isActiveWindow() ||
+        QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr)
+        return QMainWindow::eventFilter(watched, event);
+    auto& key = *static_cast<QKeyEvent*>(event);
+    if (!meansCommandLine(key))
+        return QMainWindow::eventFilter(watched, event);
+    m_commandLine->type(key);
+    return true;
+}
+
+bool MainWindow::meansCommandLine(const QKeyEvent& key) const
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const bool isDrawing = focus == this || dynamic_cast<const DrawingView*>(focus) != nullptr;
+    if (focus == nullptr || focus->window() != this || focus->testAttribute(Qt::WA_InputMethodEnabled))
+        return false;
+    if (key.key() == Qt::Key_Escape || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
+        key.key() == Qt::Key_Space)
+        return isDrawing;
+    const bool isLetter = !key.text().isEmpty() && key.text().front().isPrint();
+    return isLetter && (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
 }
 
 } // namespace desktop

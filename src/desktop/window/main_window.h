@@ -1,6 +1,8 @@
 #pragma once
 
+#include "desktop/command/interpreter.h"
 #include "desktop/desk/desk.h"
+#include "desktop/documents/file_actions.h"
 #include "desktop/documents/jobs.h"
 #include "desktop/window/ask.h"
 #include "desktop/window/gate.h"
@@ -13,19 +15,21 @@
 #include <vector>
 
 class QLabel;
-class QMenu;
 class QStackedWidget;
 class QTabWidget;
 
 namespace desktop
 {
 
+class CommandLine;
 class DocumentTab;
 class DrawingView;
+class FindBar;
 class OpenDocument;
-struct ReadDrawing;
+class PropertyPanel;
 
-/// The program's window: drawings in tabs, menus, status bar.
+/// The program's window: drawings in tabs, with the panels beside them and the command line below. What the parts of
+/// the window have to do with one another goes through here.
 class MainWindow : public QMainWindow
 {
 public:
@@ -35,53 +39,76 @@ public:
     Desk& desk() { return m_desk; }
     Gate& gate() { return m_gate; }
     Jobs& jobs() { return m_jobs; }
+    Ask& ask() { return m_ask; }
+    FileActions& files() { return m_files; }
+    Interpreter& interpreter() { return m_interpreter; }
+    CommandLine& commandLine() { return *m_commandLine; }
+    FindBar& findBar() { return *m_findBar; }
     QTabWidget& tabs() { return *m_tabs; }
 
     /// Opens drawings, each in a tab; one that is open already is shown. Waits while something is being done.
     void open(const std::vector<std::string>& paths);
+
+    /// Does something the user asked for: nothing else begins meanwhile, and a failure is told.
+    void perform(const std::function<void()>& action);
+    /// The same for what changes the drawing in front: it can be taken back as one, under that name.
+    void change(const QString& title, const std::function<void()>& action);
+    /// Tells below the drawing, for a moment and in the list of what was done.
+    void say(const QString& text);
+
     /// The tab in front; null when there is none.
     DocumentTab* currentTab() const;
     /// The drawing in front; null when there is none, or it is not read yet.
     OpenDocument* currentDocument() const;
+    /// The tabs whose drawings are read.
+    std::vector<DocumentTab*> openTabs() const;
+    /// The tab of a file; null when it has none.
+    DocumentTab* tabOf(const std::string& path) const;
+    DocumentTab& addTab(const std::string& path);
+    void showTab(DocumentTab& tab);
+    void removeTab(DocumentTab& tab);
 
-    /// Does something the user asked for: nothing else begins meanwhile, and a failure is told.
-    void perform(const std::function<void()>& action);
-    /// Tells in the status bar.
-    void say(const QString& text);
+    void select(AcDbObjectId entity);
+    /// Gives up what is begun: a question of a command, a tool, the selection.
+    void escape();
+    void toggleTheme();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void buildMenus();
+    void buildCentre();
+    void buildPanels();
     void buildStatusBar();
-    QWidget* buildStartPage();
-    QAction* add(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
-                 const std::function<void()>& action);
-    void fillRecent(QMenu& menu);
-
-    void askToOpen();
-    void openOne(const std::string& path);
-    void read(DocumentTab& tab, Outcome<ReadDrawing> outcome);
-    void removeTab(DocumentTab& tab);
-    bool closeTab(DocumentTab& tab);
-    DocumentTab* tabOf(const std::string& path) const;
+    void connectCommandLine();
+    void connectFindBar();
+    void connectView(DocumentTab& tab);
+    bool meansCommandLine(const QKeyEvent& key) const;
     DocumentTab* tabAt(int index) const;
     void frontChanged();
+    void focusDrawing();
     void showTitles();
-    void useTheme(Theme theme);
-    void viewMoved(DocumentTab& tab);
-    void viewOfHostMoved();
+    void drawingsMayHaveChanged();
+    void picked(AcDbObjectId entity, double x, double y);
+    void boxed(DocumentTab& tab, const Box2d& box, bool isCrossing);
 
     Gate m_gate;
     Ask m_ask;
     Desk m_desk;
     Theme m_theme;
-    QStackedWidget* m_pages;
-    QTabWidget* m_tabs;
+    Interpreter m_interpreter;
+    QStackedWidget* m_pages = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    CommandLine* m_commandLine = nullptr;
+    FindBar* m_findBar = nullptr;
+    PropertyPanel* m_properties = nullptr;
     QLabel* m_coordinates = nullptr;
+    QLabel* m_measured = nullptr;
+    bool m_hostViewMoved = false; ///< by a command, and not shown yet
+    FileActions m_files;
     Jobs m_jobs; ///< last: its threads end before what they report to
 };
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "host/drawing/object_id.h"
+
+#include <string>
+
+namespace desktop
+{
+
+/// The feature code on an ordinary entity (SV_INFOR); empty when it has none. Leaves no trace on disk.
+std::u16string surveyCodeOf(AcDbObjectId entity);
+
+} // namespace desktop
