@@ -59,6 +59,7 @@ private:
     /// What stands up to the next semicolon, which is taken too.
     std::u16string_view untilSemicolon();
     void flush();
+    void mark(bool MTextFormat::*line, bool on);
     void add(MTextPiece::Kind kind);
 
     std::u16string_view m_text;
@@ -87,6 +88,12 @@ void MTextParser::flush()
     piece.text = m_styles.read(plain.text, m_format.face);
     piece.format = m_format;
     m_word.clear();
+}
+
+void MTextParser::mark(bool MTextFormat::*line, bool on)
+{
+    flush();
+    m_format.*line = on;
 }
 
 void MTextParser::add(MTextPiece::Kind kind)
@@ -143,19 +150,13 @@ void MTextParser::code(char16_t letter)
         return;
     case u'L':
     case u'l':
-        flush();
-        m_format.underlined = letter == u'L';
-        return;
+        return mark(&MTextFormat::underlined, letter == u'L');
     case u'O':
     case u'o':
-        flush();
-        m_format.overlined = letter == u'O';
-        return;
+        return mark(&MTextFormat::overlined, letter == u'O');
     case u'K':
     case u'k':
-        flush();
-        m_format.struck = letter == u'K';
-        return;
+        return mark(&MTextFormat::struck, letter == u'K');
     case u'S':
         return stack();
     case u'A':
