@@ -30,14 +30,15 @@ struct DesignEdges
 
 struct WriteOptions
 {
-    double spacing = 20.0;            ///< metres between the sections that are cut, along the line; more than 0
-    bool atKeyPoints = false;         ///< sections where the alignment's elements meet, too
-    double halfWidth = 20.0;          ///< metres to each side; more than 0
-    double scale = 200.0;             ///< of the sections' drawings: 1 to this
-    double tolerance = 0.5;           ///< metres from a section's line within which a point belongs to it
-    bool snap = false;                ///< such points are put on the line
-    std::optional<DesignEdges> edges; ///< of sections whose file says nothing of them
-    std::optional<double> maxEdge;    ///< metres; longer edges make no triangle (of a surface made of points)
+    double spacing = 20.0;                 ///< metres between the sections that are cut, along the line; more than 0
+    bool atKeyPoints = false;              ///< sections where the alignment's elements meet, too
+    double halfWidth = 20.0;               ///< metres to each side; more than 0
+    double scale = 200.0;                  ///< of the sections' drawings: 1 to this
+    double tolerance = 0.5;                ///< metres from a section's line within which a point belongs to it
+    bool snap = false;                     ///< such points are put on the line
+    std::optional<DesignEdges> edges;      ///< of sections whose file says nothing of them
+    std::optional<double> maxEdge;         ///< metres; longer edges make no triangle (of a surface made of points)
+    std::optional<std::u16string> surface; ///< name of the one to cut; none: the first that has triangles
     CodeSource codeFrom = CodeSource::kDescription;
     bool replace = false; ///< alignments of the drawing that have a name of the survey's go, with all they have
 };
