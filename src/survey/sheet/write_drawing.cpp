@@ -1,6 +1,7 @@
 #include "survey/sheet/write_drawing.h"
 
 #include "host/companion/alignment.h"
+#include "host/drawing/header_variables.h"
 #include "host/text.h"
 #include "survey/sheet/drawing_frame.h"
 #include "survey/sheet/earlier_content.h"
@@ -67,6 +68,7 @@ public:
 
 private:
     void cutGround();
+    void tellUnits();
     void dropTaken();
     void replaceEarlier();
     void assignPoints();
@@ -124,6 +126,19 @@ void Import::cutGround()
     gaps.tell(FindingKind::kNote, "have ground with gaps: the longest piece is drawn", m_result.findings);
     overlaps.tell(FindingKind::kNote, "run where triangles lie over one another: the first from the left counts",
                   m_result.findings);
+}
+
+void Import::tellUnits()
+{
+    constexpr int64_t kUnitless = 0;
+    constexpr int64_t kMetres = 6;
+    const int64_t units = m_drawing.header().integerOr("$INSUNITS", kUnitless);
+    if (units != kUnitless && units != kMetres)
+        m_result.findings.push_back({FindingKind::kNote,
+                                     {},
+                                     0,
+                                     "the drawing's units are not metres ($INSUNITS " + std::to_string(units) +
+                                         "): the survey's metres are put in as they are"});
 }
 
 /// Leaves out alignments whose names the drawing has already.
@@ -307,6 +322,7 @@ void Import::report()
 
 WriteResult Import::run()
 {
+    tellUnits();
     dropTaken();
     cutGround();
     assignPoints();
