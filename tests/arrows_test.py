@@ -22,7 +22,7 @@ ARROWS = {
     "survey": {"util", "host", "store", "disk"},
     "console": {"frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "resources", "files", "survey", "host", "disk"},
     "picture": {"util", "host"},
-    "desktop": {"picture", "frame/entry", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
+    "desktop": {"picture", "frame/entry", "survey", "resources", "sections", "settings", "sectiondraw", "plan", "dbkit", "util", "files", "host", "disk"},
 }
 
 

@@ -5,10 +5,12 @@
 #include "desktop/view/drawing_view.h"
 #include "host/app/document.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStackedLayout>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -17,6 +19,16 @@
 
 namespace desktop
 {
+
+namespace
+{
+
+bool isSame(const ViewFrame& a, const ViewFrame& b)
+{
+    return a.centre.x == b.centre.x && a.centre.y == b.centre.y && a.height == b.height;
+}
+
+} // namespace
 
 DocumentTab::DocumentTab(std::string path) : m_path{std::move(path)}, m_pages{new QStackedLayout{this}}
 {
@@ -27,6 +39,7 @@ DocumentTab::DocumentTab(std::string path) : m_path{std::move(path)}, m_pages{ne
 DocumentTab::~DocumentTab()
 {
     m_view->setScene(nullptr);
+    m_sectionView->setScene(nullptr);
 }
 
 QWidget* DocumentTab::waitingPage()
@@ -62,7 +75,15 @@ QWidget* DocumentTab::drawingPage()
     m_spaces->setExpanding(false);
     m_spaces->setDrawBase(false);
     m_spaces->setFocusPolicy(Qt::NoFocus);
-    column->addWidget(m_view, 1);
+    m_sectionView = new DrawingView;
+    m_sectionView->setObjectName("section");
+    m_sectionView->hide();
+    m_splitter = new QSplitter;
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(m_view);
+    m_splitter->addWidget(m_sectionView);
+    m_view->installEventFilter(this);
+    column->addWidget(m_splitter, 1);
     column->addWidget(m_spaces);
     QObject::connect(m_spaces, &QTabBar::currentChanged, this, [this](int index) { showSpace(index); });
     return page;
@@ -85,12 +106,35 @@ void DocumentTab::setDocument(std::unique_ptr<OpenDocument> document)
     const bool isAgain = m_document != nullptr;
     const ViewFrame before = m_view->frame();
     m_view->setScene(nullptr);
+    m_sectionView->setScene(nullptr);
+    m_sections = {};
+    m_hiddenEntities.clear();
+    m_hiddenLayers.clear();
     m_document = std::move(document);
     fillSpaces();
     m_pages->setCurrentIndex(1);
     m_view->setScene(m_document->scene());
+    if (isSplit())
+        m_sectionView->setScene(m_document->scene());
     if (isAgain)
         m_view->setFrame(before);
+    else
+        m_fitted = m_view->frame();
+}
+
+/// The panels come up around the view when the drawing is there already.
+bool DocumentTab::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto fit = [this]
+    {
+        if (!m_fitted || !isSame(*m_fitted, m_view->frame()))
+            return m_fitted.reset();
+        m_view->zoomExtents();
+        m_fitted = m_view->frame();
+    };
+    if (event->type() == QEvent::Resize && m_fitted)
+        QMetaObject::invokeMethod(this, fit, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
 }
 
 void DocumentTab::fillSpaces()
@@ -110,6 +154,43 @@ void DocumentTab::showSpace(int index)
     m_view->setSpace(index == 0 ? nullptr : spaces[static_cast<size_t>(index)].block);
     const QSignalBlocker quiet{m_spaces};
     m_spaces->setCurrentIndex(index);
+}
+
+void DocumentTab::setSplit(bool on)
+{
+    if (on == isSplit())
+        return;
+    m_sectionView->setVisible(on);
+    m_sectionView->setScene(on ? m_document->scene() : nullptr);
+    m_sectionView->setHidden(m_hiddenEntities, m_hiddenLayers);
+    if (on)
+        m_splitter->setSizes({m_splitter->width() / 2, m_splitter->width() / 2});
+}
+
+void DocumentTab::highlight(const std::vector<AcDbObjectId>& entities)
+{
+    m_view->setHighlighted(entities);
+    m_sectionView->setHighlighted(entities);
+}
+
+void DocumentTab::setTool(DrawingView::Tool tool)
+{
+    m_view->setTool(tool);
+    m_sectionView->setTool(tool);
+}
+
+void DocumentTab::hide(std::unordered_set<AcDbObjectId> entities, std::set<std::u16string> layers)
+{
+    m_hiddenEntities = std::move(entities);
+    m_hiddenLayers = std::move(layers);
+    m_view->setHidden(m_hiddenEntities, m_hiddenLayers);
+    if (isSplit())
+        m_sectionView->setHidden(m_hiddenEntities, m_hiddenLayers);
+}
+
+bool DocumentTab::isSplit() const
+{
+    return !m_sectionView->isHidden();
 }
 
 bool DocumentTab::showsModelSpace() const

@@ -14,9 +14,17 @@ UndoStack::Recording::Recording(UndoStack& stack, QString title)
 
 UndoStack::Recording::~Recording()
 {
-    m_step->end();
-    if (!m_step->isEmpty())
+    if (m_step)
+        m_step->end();
+    if (m_step && !m_step->isEmpty())
         m_stack.add({std::move(m_title), std::move(m_step)});
+}
+
+void UndoStack::Recording::giveUp()
+{
+    m_step->takeBack();
+    m_step.reset();
+    m_stack.m_seen = m_stack.m_database.changeCount();
 }
 
 void UndoStack::add(Done done)

@@ -27,6 +27,8 @@ public:
         Recording(const Recording&) = delete;
         Recording& operator=(const Recording&) = delete;
         ~Recording();
+        /// What was changed so far is put back as it was.
+        void giveUp();
 
     private:
         UndoStack& m_stack;

@@ -5,10 +5,14 @@
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/panels/find_bar.h"
+#include "desktop/panels/layer_panel.h"
+#include "desktop/panels/palette_dialog.h"
 #include "desktop/panels/property_panel.h"
+#include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/window/user_actions.h"
 #include "disk/replace.h"
+#include "picture/page/sections.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,11 +61,15 @@ MainWindow::MainWindow(host::SessionOptions options)
     m_desk.frontEnd().onMessage = [this](const std::u16string& text) { m_ask.tell("Veloxa", toQString(text)); };
     m_files.onOpened = [this](DocumentTab& tab)
     {
-        connectView(tab);
+        connectTab(tab);
+        if (!picture::alignmentsOf(tab.document()->database()).empty())
+            findChild<QDockWidget*>("sectionsPanel")->show();
         frontChanged();
     };
     qApp->installEventFilter(this);
-    resize(1280, 800);
+    resize(1400, 900);
+    resizeDocks({findChild<QDockWidget*>("sectionsPanel"), findChild<QDockWidget*>("propertiesPanel")}, {270, 280},
+                Qt::Horizontal);
     restoreGeometry(QSettings{}.value("geometry").toByteArray());
     restoreState(QSettings{}.value("panels").toByteArray());
 }
@@ -109,9 +117,36 @@ void MainWindow::buildPanels()
         dock->setObjectName(name);
         dock->setWidget(panel);
         addDockWidget(area, dock);
+        connect(dock, &QDockWidget::visibilityChanged, this,
+                [this](bool isVisible)
+                {
+                    if (isVisible)
+                        m_gate.whenOpen([this] { refreshPanels(); });
+                });
+        return dock;
     };
     m_properties = new PropertyPanel;
+    m_layers = new LayerPanel;
+    m_sectionPanel = new SectionPanel;
+    m_sectionActions = std::make_unique<SectionActions>(*this, *m_sectionPanel);
+    addPanel("sectionsPanel", msg("Cross-sections"), m_sectionPanel, Qt::LeftDockWidgetArea)->hide();
     addPanel("propertiesPanel", msg("Properties"), m_properties, Qt::RightDockWidgetArea);
+    addPanel("layersPanel", msg("Layers"), m_layers, Qt::RightDockWidgetArea);
+    m_layers->change = [this](const QString& title, const std::function<void()>& act) { change(title, act); };
+    m_layers->askColor = [this](int current)
+    {
+        const Gate::Hold hold{m_gate};
+        return choosePaletteColor(*this, current);
+    };
+}
+
+/// What the panels show of the drawing in front; those that are not seen wait.
+void MainWindow::refreshPanels()
+{
+    if (m_layers->isVisible())
+        m_layers->show(currentDocument());
+    if (m_sectionPanel->isVisible())
+        m_sectionActions->refresh();
 }
 
 void MainWindow::buildStatusBar()
@@ -121,7 +156,13 @@ void MainWindow::buildStatusBar()
     m_coordinates = new QLabel;
     m_coordinates->setObjectName("coordinates");
     m_coordinates->setMinimumWidth(fontMetrics().horizontalAdvance("000000000.000, 000000000.000"));
+    m_sectionName = new QLabel;
+    m_sectionName->setObjectName("sectionName");
+    m_place = new QLabel;
+    m_place->setObjectName("place");
+    statusBar()->addPermanentWidget(m_sectionName);
     statusBar()->addPermanentWidget(m_measured);
+    statusBar()->addPermanentWidget(m_place);
     statusBar()->addPermanentWidget(m_coordinates);
 }
 
@@ -159,39 +200,61 @@ void MainWindow::connectFindBar()
     };
 }
 
-void MainWindow::connectView(DocumentTab& tab)
+void MainWindow::connectTab(DocumentTab& tab)
 {
-    DrawingView& view = tab.view();
+    connectView(tab, tab.view());
+    connectView(tab, tab.sectionView());
+    connect(&tab.view(), &DrawingView::viewChanged, this, [&tab] { tab.tellHostOfView(); });
+    tab.tellHostOfView();
+}
+
+void MainWindow::showPlace(DocumentTab& tab, const DrawingView& view, double x, double y)
+{
+    m_coordinates->setText(QString::number(x, 'f', 3) + ", " + QString::number(y, 'f', 3));
+    m_place->setText(m_sectionActions->whatIsAt(tab, {x, y}, &view == &tab.sectionView()));
+}
+
+void MainWindow::connectView(DocumentTab& tab, DrawingView& view)
+{
     view.disconnect(this);
     view.setBackground(backgroundOf(m_theme));
     connect(&view, &DrawingView::cursorMoved, this,
-            [this](double x, double y)
-            { m_coordinates->setText(QString::number(x, 'f', 3) + ", " + QString::number(y, 'f', 3)); });
-    connect(&view, &DrawingView::cursorLeft, this, [this] { m_coordinates->clear(); });
-    connect(&view, &DrawingView::viewChanged, this, [&tab] { tab.tellHostOfView(); });
+            [this, &tab, &view](double x, double y) { showPlace(tab, view, x, y); });
+    connect(&view, &DrawingView::cursorLeft, this,
+            [this]
+            {
+                m_coordinates->clear();
+                m_place->clear();
+            });
     connect(&view, &DrawingView::picked, this,
             [this](AcDbObjectId entity, double x, double y) { picked(entity, x, y); });
     connect(&view, &DrawingView::windowDrawn, this,
             [this, &tab](const Box2d& box, bool isCrossing) { boxed(tab, box, isCrossing); });
     connect(&view, &DrawingView::measured, this,
-            [this](double piece, double total, double dx, double dy)
+            [this, &tab, &view](double piece, double total, double dx, double dy)
             {
+                const double unit = &view == &tab.sectionView() ? m_sectionActions->unitOf(tab) : 1.0;
                 m_measured->setText(msg("Distance %1 (ΔX %2, ΔY %3), together %4")
-                                        .arg(piece, 0, 'f', 3)
-                                        .arg(dx, 0, 'f', 3)
-                                        .arg(dy, 0, 'f', 3)
-                                        .arg(total, 0, 'f', 3));
+                                        .arg(piece * unit, 0, 'f', 3)
+                                        .arg(dx * unit, 0, 'f', 3)
+                                        .arg(dy * unit, 0, 'f', 3)
+                                        .arg(total * unit, 0, 'f', 3));
             });
     connect(&view, &DrawingView::toolChanged, this,
-            [this, &view]
+            [this, &tab, &view]
             {
+                tab.setTool(view.tool());
                 if (view.tool() != DrawingView::Tool::kMeasure && !m_measured->text().isEmpty())
                 {
                     say(m_measured->text());
                     m_measured->clear();
                 }
             });
-    tab.tellHostOfView();
+}
+
+void MainWindow::showSectionName(const QString& name)
+{
+    m_sectionName->setText(name);
 }
 
 void MainWindow::perform(const std::function<void()>& action)
@@ -226,8 +289,16 @@ void MainWindow::change(const QString& title, const std::function<void()>& actio
         {
             if (OpenDocument* document = currentDocument())
             {
-                const UndoStack::Recording recording{document->undo(), title};
-                action();
+                UndoStack::Recording recording{document->undo(), title};
+                try
+                {
+                    action();
+                }
+                catch (...)
+                {
+                    recording.giveUp();
+                    throw;
+                }
             }
         });
 }
@@ -241,6 +312,7 @@ void MainWindow::drawingsMayHaveChanged()
         tab->showViewOfHost();
     m_hostViewMoved = false;
     m_findBar->forget();
+    m_layers->refresh();
     showTitles();
 }
 
@@ -329,6 +401,10 @@ void MainWindow::frontChanged()
     if (OpenDocument* document = currentDocument())
         m_desk.documents().setCurrent(&document->host());
     select(AcDbObjectId::kNull);
+    m_sectionName->clear();
+    m_layers->show(nullptr);
+    m_sectionPanel->show(nullptr);
+    refreshPanels();
     showTitles();
     focusDrawing();
 }
@@ -359,7 +435,7 @@ void MainWindow::select(AcDbObjectId entity)
 {
     m_properties->showEntity(entity);
     if (DocumentTab* tab = currentTab())
-        tab->view().setHighlighted(entity.isNull() ? std::vector<AcDbObjectId>{} : std::vector{entity});
+        tab->highlight(entity.isNull() ? std::vector<AcDbObjectId>{} : std::vector{entity});
 }
 
 void MainWindow::picked(AcDbObjectId entity, double x, double y)
@@ -371,7 +447,7 @@ void MainWindow::picked(AcDbObjectId entity, double x, double y)
 void MainWindow::boxed(DocumentTab& tab, const Box2d& box, bool isCrossing)
 {
     const std::vector<AcDbObjectId> entities = tab.entitiesIn(box, isCrossing);
-    tab.view().setHighlighted(entities);
+    tab.highlight(entities);
     m_properties->showEntities(entities);
 }
 
@@ -379,7 +455,7 @@ void MainWindow::escape()
 {
     const bool wasAsking = m_interpreter.cancel();
     DocumentTab* tab = currentTab();
-    const bool hadTool = tab != nullptr && tab->view().cancel();
+    const bool hadTool = tab != nullptr && (tab->view().cancel() | tab->sectionView().cancel());
     if (!wasAsking && !hadTool)
         select(AcDbObjectId::kNull);
 }
@@ -390,7 +466,14 @@ void MainWindow::toggleTheme()
     storeTheme(m_theme);
     applyTheme(m_theme);
     for (int i = 0; i < m_tabs->count(); ++i)
-        tabAt(i)->view().setBackground(backgroundOf(m_theme));
+        for (DrawingView* view : {&tabAt(i)->view(), &tabAt(i)->sectionView()})
+            view->setBackground(backgroundOf(m_theme));
+}
+
+void MainWindow::togglePanel(const char* name)
+{
+    if (auto* dock = findChild<QDockWidget*>(name))
+        dock->setVisible(!dock->isVisible());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

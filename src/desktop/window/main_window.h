@@ -11,6 +11,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,11 @@ class CommandLine;
 class DocumentTab;
 class DrawingView;
 class FindBar;
+class LayerPanel;
 class OpenDocument;
 class PropertyPanel;
+class SectionActions;
+class SectionPanel;
 
 /// The program's window: drawings in tabs, with the panels beside them and the command line below. What the parts of
 /// the window have to do with one another goes through here.
@@ -44,6 +48,7 @@ public:
     Interpreter& interpreter() { return m_interpreter; }
     CommandLine& commandLine() { return *m_commandLine; }
     FindBar& findBar() { return *m_findBar; }
+    SectionActions& sections() { return *m_sectionActions; }
     QTabWidget& tabs() { return *m_tabs; }
 
     /// Opens drawings, each in a tab; one that is open already is shown. Waits while something is being done.
@@ -53,6 +58,8 @@ public:
     void perform(const std::function<void()>& action);
     /// The same for what changes the drawing in front: it can be taken back as one, under that name.
     void change(const QString& title, const std::function<void()>& action);
+    /// The section that is at hand, beside the coordinates.
+    void showSectionName(const QString& name);
     /// Tells below the drawing, for a moment and in the list of what was done.
     void say(const QString& text);
 
@@ -72,6 +79,8 @@ public:
     /// Gives up what is begun: a question of a command, a tool, the selection.
     void escape();
     void toggleTheme();
+    /// Shows a panel by its name, or hides it.
+    void togglePanel(const char* name);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -85,7 +94,10 @@ private:
     void buildStatusBar();
     void connectCommandLine();
     void connectFindBar();
-    void connectView(DocumentTab& tab);
+    void connectTab(DocumentTab& tab);
+    void connectView(DocumentTab& tab, DrawingView& view);
+    void showPlace(DocumentTab& tab, const DrawingView& view, double x, double y);
+    void refreshPanels();
     bool meansCommandLine(const QKeyEvent& key) const;
     DocumentTab* tabAt(int index) const;
     void frontChanged();
@@ -105,8 +117,13 @@ private:
     CommandLine* m_commandLine = nullptr;
     FindBar* m_findBar = nullptr;
     PropertyPanel* m_properties = nullptr;
+    LayerPanel* m_layers = nullptr;
+    SectionPanel* m_sectionPanel = nullptr;
+    std::unique_ptr<SectionActions> m_sectionActions;
+    QLabel* m_sectionName = nullptr;
     QLabel* m_coordinates = nullptr;
     QLabel* m_measured = nullptr;
+    QLabel* m_place = nullptr;
     bool m_hostViewMoved = false; ///< by a command, and not shown yet
     FileActions m_files;
     Jobs m_jobs; ///< last: its threads end before what they report to

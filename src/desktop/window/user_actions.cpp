@@ -6,6 +6,7 @@
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/panels/find_bar.h"
+#include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/recent_files.h"
@@ -30,6 +31,7 @@ struct UserAction
     std::function<void(MainWindow&)> act;
     bool needsDrawing = true;
     bool isSeparated = false; ///< from what stands before it in the menu
+    bool isChange = false;    ///< of the drawing: it can be taken back
 };
 
 void withTab(MainWindow& window, const std::function<void(DocumentTab&)>& act)
@@ -105,18 +107,26 @@ std::vector<UserAction> viewActions()
          [](MainWindow& w) { withTab(w, [](DocumentTab& tab) { tab.view().zoomExtents(); }); }},
         {menu, "&Zoom…", "ZOOM", "Z", "", [](MainWindow& w) { startZoom(w); }},
         {menu, "Zoom to a &window", "ZW", "", "Ctrl+Shift+W",
-         [](MainWindow& w) { withTab(w, [](DocumentTab& tab) { tab.view().setTool(DrawingView::Tool::kWindow); }); }},
+         [](MainWindow& w) { withTab(w, [](DocumentTab& tab) { tab.setTool(DrawingView::Tool::kWindow); }); }},
         {menu, "&Measure a distance", "DIST", "DI", "Ctrl+D",
          [](MainWindow& w)
          {
              withTab(w,
                      [&](DocumentTab& tab)
                      {
-                         tab.view().setTool(DrawingView::Tool::kMeasure);
+                         tab.setTool(DrawingView::Tool::kMeasure);
                          w.say(msg("Click the places to measure between; Escape ends"));
                      });
          },
          true, true},
+        {menu, "&Cross-sections", "SECTIONS", "TN", "F4", [](MainWindow& w) { w.togglePanel("sectionsPanel"); }, false,
+         true},
+        {menu, "&Layers", "LAYER", "LA", "F5", [](MainWindow& w) { w.togglePanel("layersPanel"); }, false},
+        {menu, "P&roperties", "PROPERTIES", "PR", "F6", [](MainWindow& w) { w.togglePanel("propertiesPanel"); }, false},
+        {menu, "Plan and section side &by side", "SPLIT", "", "F7", [](MainWindow& w) { w.sections().toggleSplit(); }},
+        {menu, "&Next section", "", "", "PgDown", [](MainWindow& w) { w.sections().step(1); }, true, true},
+        {menu, "&Previous section", "", "", "PgUp", [](MainWindow& w) { w.sections().step(-1); }},
+        {menu, "Before or after dra&wing", "BEFORE", "", "F8", [](MainWindow& w) { w.sections().toggleDrawn(); }},
         {menu, "&Dark or light", "THEME", "", "F9", [](MainWindow& w) { w.toggleTheme(); }, false, true},
         {menu, "&List of commands done", "HISTORY", "", "F2", [](MainWindow& w) { w.commandLine().toggleHistory(); },
          false},
@@ -130,6 +140,8 @@ std::vector<UserAction> toolActions()
         {menu, "Draw on &cross-sections…", "DSS", "PLX_SV_DSS", "", sayDialogsComeLater},
         {menu, "&Objects near the sections", "ZE", "PLX_SV_ZE", "", sayDialogsComeLater},
         {menu, "Draw on the &plan…", "DVBD", "PLX_SV_DVBD", "", sayDialogsComeLater},
+        {menu, "&Erase drawn features", "ERASEDRAWN", "", "", [](MainWindow& w) { w.sections().eraseDrawn(); }, true,
+         true, true},
         {"&Help", "&Commands", "HELP", "?", "F1", listCommands, false},
     };
 }
@@ -149,7 +161,10 @@ public:
         {
             if (each.needsDrawing && window->currentTab() == nullptr)
                 return window->say(msg("No drawing is open"));
-            window->perform([&] { each.act(*window); });
+            if (each.isChange)
+                window->change(msg(each.text).remove('&'), [&] { each.act(*window); });
+            else
+                window->perform([&] { each.act(*window); });
         };
         QAction* action = menu.addAction(msg(each.text));
         action->setObjectName(each.text);

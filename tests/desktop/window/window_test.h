@@ -13,14 +13,17 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
-/// Faults of the disk that a test asks for.
-class DiskFaults : public Faults
+/// Faults that a test asks for.
+class DemandedFaults : public Faults
 {
 public:
+    std::set<AcDbObjectId> unwritable;
     std::map<std::string, int64_t> failingWrites; ///< by path: bytes after which writing fails
 
+    bool refuseOpenForWrite(AcDbObjectId id) override { return unwritable.count(id) != 0; }
     int64_t failWriteAt(const std::string& path) override
     {
         const auto found = failingWrites.find(path);
@@ -68,7 +71,7 @@ protected:
     /// What the command line lists.
     QString history();
 
-    DiskFaults m_faults;
+    DemandedFaults m_faults;
 
 private:
     void start();
