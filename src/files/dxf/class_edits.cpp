@@ -98,6 +98,14 @@ ClassEdit newSection(const DrawingStore& store, std::string_view classes)
 
 } // namespace
 
+std::string listOfClasses(int version)
+{
+    TagWriter out;
+    for (const CustomClass& own : customClasses())
+        writeClass(own, 0, version, out);
+    return out.take();
+}
+
 std::vector<ClassEdit> classEdits(AcDbDatabase& database)
 {
     const DrawingStore& store = database.store();

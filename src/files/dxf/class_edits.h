@@ -16,6 +16,9 @@ struct ClassEdit
     std::string text;
 };
 
+/// The list of a drawing of a version that has no objects of our own classes yet, as pairs.
+std::string listOfClasses(int version);
+
 /// What has to change in the list of classes (the CLASSES section) of a drawing to which objects of classes of our own
 /// were added, or from which they were erased: a class that is missing, a count. Nothing for any other drawing.
 std::vector<ClassEdit> classEdits(AcDbDatabase& database);

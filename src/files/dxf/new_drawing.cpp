@@ -1,5 +1,6 @@
 #include "files/dxf/new_drawing.h"
 
+#include "files/dxf/class_edits.h"
 #include "files/dxf/reader.h"
 
 #include <memory>
@@ -12,8 +13,10 @@ namespace files
 namespace
 {
 
+constexpr int kR2018 = 1032;
+
 /// One pair a line: the group code, a blank, the value.
-constexpr std::string_view kPairs = R"(0 SECTION
+constexpr std::string_view kBeforeClasses = R"(0 SECTION
 2 HEADER
 9 $ACADVER
 1 AC1032
@@ -84,7 +87,9 @@ constexpr std::string_view kPairs = R"(0 SECTION
 0 ENDSEC
 0 SECTION
 2 CLASSES
-0 ENDSEC
+)";
+
+constexpr std::string_view kBehindClasses = R"(0 ENDSEC
 0 SECTION
 2 TABLES
 0 TABLE
@@ -562,18 +567,24 @@ constexpr std::string_view kPairs = R"(0 SECTION
 0 EOF
 )";
 
-/// The pairs as a drawing file has them, code and value on lines of their own.
+/// Adds the pairs as a drawing file has them, code and value on lines of their own.
+void append(std::string_view pairs, std::string& text)
+{
+    while (!pairs.empty())
+    {
+        const std::string_view line = pairs.substr(0, pairs.find('\n'));
+        const size_t blank = line.find(' ');
+        text.append(line.substr(0, blank)).append("\n").append(line.substr(blank + 1)).append("\n");
+        pairs.remove_prefix(line.size() + 1);
+    }
+}
+
 FileText drawingText()
 {
     const auto text = std::make_shared<std::string>();
-    std::string_view rest = kPairs;
-    while (!rest.empty())
-    {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        const size_t blank = line.find(' ');
-        text->append(line.substr(0, blank)).append("\n").append(line.substr(blank + 1)).append("\n");
-        rest.remove_prefix(line.size() + 1);
-    }
+    append(kBeforeClasses, *text);
+    text->append(listOfClasses(kR2018));
+    append(kBehindClasses, *text);
     return {std::shared_ptr<const char>{text, text->data()}, text->size()};
 }
 

@@ -14,6 +14,8 @@ namespace survey
 namespace
 {
 
+constexpr double kOverhang = 0.001; ///< metres
+
 /// Millimetres of paper.
 constexpr double kHeadWidth = 46.0;
 constexpr double kSideMargin = 8.0; ///< between the ends of the ground and those of the table
@@ -200,11 +202,16 @@ void SectionSheet::Sketch::columns()
     }
 }
 
+/// A little longer than the ground, so that what stands right at its end is found to stand on it.
 AcDbObjectId SectionSheet::Sketch::ground()
 {
     std::vector<PathVertex> vertices;
-    for (const GroundPoint& point : *m_sheet.m_ground)
-        vertices.push_back({on(point).x, on(point).y});
+    const auto add = [&](const GroundPoint& point) { vertices.push_back({on(point).x, on(point).y}); };
+    const GroundPiece& ground = *m_sheet.m_ground;
+    add({ground.front().offset - kOverhang, ground.front().elevation});
+    for (const GroundPoint& point : ground)
+        add(point);
+    add({ground.back().offset + kOverhang, ground.back().elevation});
     return m_pen.polyline(m_layers.ground, vertices);
 }
 

@@ -13,7 +13,7 @@ namespace
 {
 
 /// Colours of the layers of coded lines, one after the other; clear on dark and on light ground.
-constexpr std::array kLineColors{3, 5, 6, 32, 150, 4, 1, 94, 140, 200, 52, 214};
+constexpr std::array kLineColors{3, 5, 6, 32, 150, 94, 200, 52, 140, 214, 34, 104};
 
 const std::u16string& codeOf(const CodedLine& line, CodeSource source)
 {

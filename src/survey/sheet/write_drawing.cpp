@@ -55,6 +55,25 @@ private:
     std::string m_names;
 };
 
+WrittenSection writtenSection(const PlannedAlignment& alignment, const PlannedSection& section)
+{
+    WrittenSection written;
+    written.alignment = alignment.name;
+    written.name = section.name;
+    written.station = section.station;
+    written.distance = section.distance;
+    written.isGiven = section.given != nullptr;
+    written.points = section.points;
+    written.groundPieces = section.ground.size();
+    if (const GroundPiece* ground = section.drawnGround())
+    {
+        written.groundVertices = ground->size();
+        written.groundFrom = ground->front().offset;
+        written.groundTo = ground->back().offset;
+    }
+    return written;
+}
+
 /// One import at work.
 class Import
 {
@@ -98,6 +117,7 @@ void Import::cutGround()
                     [&](const PlannedAlignment& alignment)
                     { return std::any_of(alignment.sections.begin(), alignment.sections.end(), isCut); });
     SectionsTold bare;
+    SectionsTold outside;
     SectionsTold gaps;
     SectionsTold overlaps;
     std::optional<GroundSource> source;
@@ -115,14 +135,12 @@ void Import::cutGround()
                     overlaps.add(alignment, section);
             }
             if (section.drawnGround() == nullptr)
-                bare.add(alignment, section);
+                (isCut(section) && source->isThere() ? outside : bare).add(alignment, section);
             else if (section.ground.size() > 1)
                 gaps.add(alignment, section);
         }
-    const bool hasSurface = source && source->isThere();
-    bare.tell(hasSurface ? FindingKind::kUnusable : FindingKind::kNote,
-              hasSurface ? "lie outside the surface: they have no ground line" : "have no ground line",
-              m_result.findings);
+    bare.tell(FindingKind::kNote, "have no ground line: there is nothing to cut", m_result.findings);
+    outside.tell(FindingKind::kUnusable, "lie outside the surface: they have no ground line", m_result.findings);
     gaps.tell(FindingKind::kNote, "have ground with gaps: the longest piece is drawn", m_result.findings);
     overlaps.tell(FindingKind::kNote, "run where triangles lie over one another: the first from the left counts",
                   m_result.findings);
@@ -288,36 +306,18 @@ void Import::draw()
 
 void Import::report()
 {
-    std::vector<std::vector<size_t>> numbers;
-    for (size_t i = 0; i < alignments().size(); ++i)
+    std::vector<size_t> first; // section of each alignment
+    for (const PlannedAlignment& alignment : alignments())
     {
-        const PlannedAlignment& alignment = alignments()[i];
-        numbers.emplace_back();
-        for (size_t j = 0; j < alignment.sections.size(); ++j)
-        {
-            const PlannedSection& section = alignment.sections[j];
-            WrittenSection& written = m_result.sections.emplace_back();
-            numbers.back().push_back(m_result.sections.size() - 1);
-            written.alignment = alignment.name;
-            written.name = section.name;
-            written.station = section.station;
-            written.distance = section.distance;
-            written.isGiven = section.given != nullptr;
-            written.points = section.points;
-            written.groundPieces = section.ground.size();
-            if (const GroundPiece* ground = section.drawnGround())
-            {
-                written.groundVertices = ground->size();
-                written.groundFrom = ground->front().offset;
-                written.groundTo = ground->back().offset;
-            }
-        }
+        first.push_back(m_result.sections.size());
+        for (const PlannedSection& section : alignment.sections)
+            m_result.sections.push_back(writtenSection(alignment, section));
     }
     for (size_t i = 0; i < m_sectionOf.size(); ++i)
         if (const std::optional<PointSection>& found = m_sectionOf[i]; !found)
             m_result.unusedPoints.push_back(i);
         else if (!m_options.snap && found->away > kOnLine)
-            m_result.offLine.push_back({i, numbers[found->alignment][found->section], found->away});
+            m_result.offLine.push_back({i, first[found->alignment] + found->section, found->away});
 }
 
 WriteResult Import::run()

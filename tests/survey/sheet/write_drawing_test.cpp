@@ -91,12 +91,12 @@ protected:
     {
         return scanned.m_listReferenceLines[alignment].m_listCrossSections[index];
     }
-    /// The ground line of a section, as (offset, elevation).
+    /// The ground line of a section, as (offset, elevation), without the millimetre that it is longer at its ends.
     std::vector<std::pair<double, double>> groundOf(const CrossSectionXdata& section, double datum)
     {
         std::vector<std::pair<double, double>> points;
         const AcDbObjectPointer<AcDbPolyline> ground{section.m_idGroundLine};
-        for (unsigned i = 0; ground && i < ground->numVerts(); ++i)
+        for (unsigned i = 1; ground && i + 1 < ground->numVerts(); ++i)
         {
             AcGePoint2d vertex;
             ground->getPointAt(i, vertex);
@@ -177,6 +177,8 @@ TEST_F(Written, SectionsAreCutWithTheirGroundPointsAndCrossings)
     EXPECT_EQ(textOfRow(middle.m_listBlockData2[0]), "Mép đường -500");
     EXPECT_THAT(codesOf(middle.m_listBlockFcode1), ElementsAre("Cột điện", "cây", "cây", "DC1", "DC2"));
     EXPECT_THAT(text, HasSubstr("Lý trình")) << "UTF-8";
+    EXPECT_THAT(text, HasSubstr("PlxDbMeasurePointObj\n  3\nPlxObjects\n 90\n0\n 91\n4\n"));
+    EXPECT_THAT(text, HasSubstr("PlxDbAlignment\n  3\nRouteBase\n 90\n0\n 91\n1\n"));
 }
 
 TEST_F(Written, PointsAreSnappedToTheNearestLineAtTheirOwnHeight)
