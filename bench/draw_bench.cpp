@@ -3,14 +3,14 @@
 #include "bench/support/cpu_clock.h"
 #include "bench/support/drawings.h"
 #include "bench/support/open_drawing.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/polyline.h"
-#include "host/drawing/symbol_tables.h"
+#include "host/db/entity/polyline.h"
+#include "host/db/table/symbol_tables.h"
 #include "sectiondraw/alignment_drawing.h"
 #include "sectiondraw/draw_style.h"
 #include "sectiondraw/ground_line.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
+#include "store/block_index.h"
 #include "util/document_lock.h"
 
 #include <algorithm>

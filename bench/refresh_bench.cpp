@@ -4,11 +4,11 @@
 #include "bench/support/drawings.h"
 #include "bench/support/open_drawing.h"
 #include "host/companion/measure_point.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/block_reference.h"
+#include "host/db/entity/block_reference.h"
 #include "sections/database_cs.h"
 #include "sections/refresh.h"
 #include "sections/scan.h"
+#include "store/block_index.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

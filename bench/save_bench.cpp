@@ -1,9 +1,9 @@
 // Saving a drawing in which something was drawn, beside the least that any save does: the same bytes, on the disk.
 #include "bench/support/drawings.h"
 #include "bench/support/open_drawing.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/drawing/text_entity.h"
+#include "host/db/entity/text_entity.h"
+#include "host/db/table/symbol_tables.h"
+#include "store/block_index.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>

@@ -51,7 +51,7 @@ endfunction()
 # Makes an executable a program that carries the host and loads the module: the whole host is in it, for the module file
 # beside it to find.
 function(veloxa_program TARGET)
-  target_sources(${TARGET} PRIVATE $<TARGET_OBJECTS:veloxa_host> $<TARGET_OBJECTS:veloxa_store>)
+  target_sources(${TARGET} PRIVATE $<TARGET_OBJECTS:veloxa_host> $<TARGET_OBJECTS:veloxa_store> $<TARGET_OBJECTS:veloxa_kernel>)
   target_include_directories(${TARGET} PRIVATE ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${TARGET} PRIVATE veloxa_module veloxa_disk ${CMAKE_DL_LIBS})
   set_target_properties(${TARGET} PROPERTIES ENABLE_EXPORTS ON BUILD_RPATH $ORIGIN)

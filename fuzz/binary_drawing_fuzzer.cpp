@@ -1,12 +1,12 @@
 // The binary drawing: saved as it is while untouched, worked on as the text it stands for.
 #include "files/dxf/binary.h"
-#include "files/error.h"
+#include "files/dxf/error.h"
 #include "fuzz/support/check.h"
 #include "fuzz/support/desk.h"
 #include "fuzz/support/mutator.h"
 #include "fuzz/support/pairs.h"
 #include "fuzz/support/road_work.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -4,7 +4,7 @@
 #include "fuzz/support/mutator.h"
 #include "fuzz/support/pairs.h"
 #include "fuzz/support/road_work.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 #include <algorithm>
 

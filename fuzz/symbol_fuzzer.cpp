@@ -4,8 +4,8 @@
 #include "fuzz/support/mutator.h"
 #include "fuzz/support/pairs.h"
 #include "host/app/document.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
+#include "store/block_index.h"
 
 namespace
 {

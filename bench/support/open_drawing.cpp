@@ -1,8 +1,8 @@
 #include "bench/support/open_drawing.h"
 
 #include "bench/support/drawings.h"
-#include "host/drawing/block_index.h"
-#include "host/text.h"
+#include "store/block_index.h"
+#include "store/text/text.h"
 
 #include <stdexcept>
 

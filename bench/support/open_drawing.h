@@ -1,10 +1,10 @@
 #pragma once
 
 #include "files/dxf/reader.h"
-#include "files/dxf/writer.h"
+#include "files/dxf/save.h"
+#include "host/app/front_end.h"
 #include "host/app/session.h"
 #include "host/ui/dialog.h"
-#include "host/ui/front_end.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 #include "fuzz/support/desk.h"
 
+#include "files/dxf/error.h"
 #include "files/dxf/reader.h"
-#include "files/error.h"
 #include "frame/entry/module.h"
 #include "fuzz/support/check.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 #include "sections/database_cs.h"
 #include "support/temp_folder.h"
 #include "support/test_drawing.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/dxf/writer.h"
+#include "files/dxf/save.h"
 #include "files/reader.h"
 #include "host/app/session.h"
 #include "support/memory_front_end.h"

@@ -1,8 +1,8 @@
 #include "fuzz/support/pairs.h"
 
-#include "host/drawing/tags.h"
 #include "store/group_codes.h"
 #include "store/numbers.h"
+#include "store/tags.h"
 
 #include <algorithm>
 #include <array>

@@ -2,12 +2,12 @@
 
 #include "fuzz/support/check.h"
 #include "fuzz/support/desk.h"
-#include "host/drawing/database.h"
-#include "host/drawing/handle_table.h"
+#include "host/db/database.h"
 #include "host/ui/dialog.h"
 #include "host/ui/grid_ctrl.h"
 #include "resources/control_ids.h"
 #include "sectiondraw/veloxa_dlg.h"
+#include "store/handle_table.h"
 
 #include <algorithm>
 #include <set>

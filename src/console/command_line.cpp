@@ -1,9 +1,9 @@
 #include "console/command_line.h"
 
 #include "console/command_words.h"
-#include "console/commands.h"
-#include "console/desktop_program.h"
-#include "console/shown_text.h"
+#include "console/commands/commands.h"
+#include "console/program/desktop_program.h"
+#include "console/text/shown_text.h"
 
 #include <CLI/CLI.hpp>
 #include <array>

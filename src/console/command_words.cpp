@@ -1,7 +1,7 @@
 #include "console/command_words.h"
 
-#include "files/drawing_names.h"
-#include "host/text.h"
+#include "files/dxf/drawing_names.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "dbkit/filter_objects.h"
 
-#include "host/editor/selection.h"
+#include "host/ed/selection.h"
 #include "host/text.h"
 
 #include <algorithm>

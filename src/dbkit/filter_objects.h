@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
-#include "host/drawing/resbuf.h"
-#include "host/geometry/point3d.h"
+#include "host/db/object_id.h"
+#include "host/db/resbuf.h"
+#include "kernel/point3d.h"
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
 #include "dbkit/placing.h"
 
-#include "host/app/host_services.h"
-#include "host/drawing/database.h"
-#include "host/drawing/symbol_tables.h"
+#include "host/db/database.h"
+#include "host/db/host_services.h"
+#include "host/db/table/symbol_tables.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/drawing/entity.h"
-#include "host/geometry/matrix3d.h"
+#include "host/db/entity/entity.h"
+#include "kernel/matrix3d.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/resbuf.h"
+#include "host/db/resbuf.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 
 #include "dbkit/symbol_tables.h"
 #include "frame/tracking/tracking.h"
-#include "host/app/host_services.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
+#include "host/db/host_services.h"
 #include "host/text.h"
 #include "util/fields.h"
 

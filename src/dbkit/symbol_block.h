@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dbkit/symbol_look.h"
-#include "host/drawing/block_reference.h"
+#include "host/db/entity/block_reference.h"
 
 #include <memory>
 #include <optional>

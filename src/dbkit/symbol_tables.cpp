@@ -1,8 +1,8 @@
 #include "dbkit/symbol_tables.h"
 
-#include "host/app/host_services.h"
-#include "host/drawing/database.h"
-#include "host/drawing/symbol_tables.h"
+#include "host/db/database.h"
+#include "host/db/host_services.h"
+#include "host/db/table/symbol_tables.h"
 #include "host/ui/controls.h"
 #include "util/document_lock.h"
 #include "util/folders.h"

@@ -1,4 +1,4 @@
-#include "desktop/render_command.h"
+#include "desktop/render/render_command.h"
 #include "desktop/window/run_window.h"
 
 #include <CLI/CLI.hpp>

@@ -1,8 +1,9 @@
 #include "files/reader.h"
 
 #include "disk/read.h"
+#include "files/dxf/binary.h"
+#include "files/dxf/error.h"
 #include "files/dxf/reader.h"
-#include "files/error.h"
 #include "host/app/disk.h"
 
 namespace files
@@ -17,7 +18,20 @@ FileText textOf(std::string dxf)
     return {std::shared_ptr<const char>{text, text->data()}, text->size()};
 }
 
+/// Text DXF begins with the group code of a section's start or of a comment.
+bool beginsAsTextDxf(std::string_view bytes)
+{
+    const size_t begin = std::min(bytes.find_first_not_of(" \t"), bytes.size());
+    const std::string_view code = bytes.substr(begin, bytes.find_first_of(" \t\r\n", begin) - begin);
+    return code == "0" || code == "999";
+}
+
 } // namespace
+
+bool isDrawing(std::string_view bytes)
+{
+    return dwg::isDwg(bytes) || isBinaryDxf(bytes) || beginsAsTextDxf(bytes);
+}
 
 bool isDwgFile(const std::string& path)
 {

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "files/dwg/convert.h"
-#include "host/drawing/drawing_io.h"
+#include "host/db/drawing_io.h"
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace files
 {
+
+/// Whether the bytes begin as a drawing does: DWG, binary DXF or text DXF.
+bool isDrawing(std::string_view bytes);
 
 /// Whether a file begins as a DWG does; false for one that cannot be read.
 bool isDwgFile(const std::string& path);

@@ -1,6 +1,6 @@
 #include "plan/dlg_draw_fcode.h"
 
-#include "host/ui/front_end.h"
+#include "host/app/front_end.h"
 #include "host/ui/host_window.h"
 #include "resources/control_ids.h"
 #include "resources/dialog_templates.h"

@@ -1,7 +1,7 @@
 #include "plan/plan_symbols.h"
 
 #include "dbkit/filter_objects.h"
-#include "host/drawing/block_reference.h"
+#include "host/db/entity/block_reference.h"
 
 AcDbObjectIdArray CollectPlanSymbols()
 {

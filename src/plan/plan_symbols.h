@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
+#include "host/db/object_id.h"
 
 /// The layer of all symbols of the plan.
 inline constexpr const char16_t* kPlanLayer = u"DiaVatBinhDo";

@@ -2,7 +2,7 @@
 
 #include "dbkit/filter_objects.h"
 #include "host/companion/measure_point.h"
-#include "host/drawing/polyline.h"
+#include "host/db/entity/polyline.h"
 #include "host/text.h"
 #include "sections/survey_info.h"
 

@@ -1,7 +1,7 @@
 #include "sectiondraw/commands.h"
 
 #include "dbkit/symbol_tables.h"
-#include "host/editor/command.h"
+#include "host/ed/command.h"
 #include "host/ui/host_window.h"
 #include "sectiondraw/main_window.h"
 #include "sectiondraw/veloxa_dlg.h"

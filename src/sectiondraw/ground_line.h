@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/polyline.h"
+#include "host/db/entity/polyline.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "sectiondraw/label_parts.h"
 
-#include "host/drawing/polyline.h"
-#include "host/drawing/text_entity.h"
+#include "host/db/entity/polyline.h"
+#include "host/db/entity/text_entity.h"
 #include "sectiondraw/draw_style.h"
 
 #include <initializer_list>

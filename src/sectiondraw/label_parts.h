@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/drawing/entity.h"
-#include "host/geometry/point3d.h"
+#include "host/db/entity/entity.h"
+#include "kernel/point3d.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #include "sectiondraw/marking.h"
 
 #include "dbkit/resbuf_chain.h"
-#include "host/drawing/object.h"
+#include "host/db/object.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dbkit/symbol_look.h"
-#include "host/geometry/point3d.h"
+#include "kernel/point3d.h"
 
 #include <array>
 #include <optional>

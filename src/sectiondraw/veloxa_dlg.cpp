@@ -1,7 +1,7 @@
 #include "sectiondraw/veloxa_dlg.h"
 
 #include "dbkit/symbol_tables.h"
-#include "host/app/host_services.h"
+#include "host/db/host_services.h"
 #include "host/text.h"
 #include "host/ui/host_window.h"
 #include "resources/control_ids.h"

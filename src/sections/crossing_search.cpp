@@ -1,6 +1,6 @@
 #include "sections/crossing_search.h"
 
-#include "host/geometry/level_crossing.h"
+#include "kernel/crossing/level_crossing.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/plane_crossing.h"
+#include "kernel/crossing/plane_crossing.h"
 #include "sections/section_grid.h"
 
 #include <optional>

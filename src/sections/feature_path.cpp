@@ -1,6 +1,6 @@
 #include "sections/feature_path.h"
 
-#include "host/drawing/polyline.h"
+#include "host/db/entity/polyline.h"
 
 namespace
 {

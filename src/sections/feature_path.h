@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/point2d.h"
+#include "kernel/point2d.h"
 
 #include <vector>
 

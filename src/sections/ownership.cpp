@@ -1,6 +1,6 @@
 #include "sections/ownership.h"
 
-#include "host/app/host_services.h"
+#include "host/db/host_services.h"
 #include "sections/database_cs.h"
 
 namespace

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dbkit/symbol_look.h"
-#include "host/drawing/object_id.h"
-#include "host/geometry/point3d.h"
+#include "host/db/object_id.h"
+#include "kernel/point3d.h"
 #include "util/owning_list.h"
 
 #include <string>

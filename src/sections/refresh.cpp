@@ -2,8 +2,8 @@
 
 #include "dbkit/filter_objects.h"
 #include "host/companion/measure_point.h"
-#include "host/drawing/block_reference.h"
-#include "host/geometry/plane_crossing.h"
+#include "host/db/entity/block_reference.h"
+#include "kernel/crossing/plane_crossing.h"
 #include "sections/database_cs.h"
 #include "sections/ownership.h"
 #include "sections/survey_info.h"

@@ -2,7 +2,7 @@
 
 #include "dbkit/filter_objects.h"
 #include "host/companion/alignment.h"
-#include "host/drawing/polyline.h"
+#include "host/db/entity/polyline.h"
 #include "sections/database_cs.h"
 #include "sections/remembered_settings.h"
 #include "sections/scan_steps.h"

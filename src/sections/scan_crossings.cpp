@@ -1,4 +1,4 @@
-#include "host/drawing/object.h"
+#include "host/db/object.h"
 #include "sections/crossing_search.h"
 #include "sections/feature_path.h"
 #include "sections/remembered_settings.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/segment2d.h"
+#include "kernel/segment2d.h"
 
 #include <bit>
 #include <cstdint>

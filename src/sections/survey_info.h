@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/companion/survey_codes.h"
-#include "host/drawing/object_id.h"
+#include "host/db/entity/survey_codes.h"
+#include "host/db/object_id.h"
 #include "util/scratch_file.h"
 
 #include <optional>

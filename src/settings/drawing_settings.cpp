@@ -1,7 +1,7 @@
 #include "settings/drawing_settings.h"
 
-#include "host/app/host_services.h"
 #include "host/companion/project_config.h"
+#include "host/db/host_services.h"
 #include "util/document_lock.h"
 
 namespace

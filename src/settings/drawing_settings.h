@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
+#include "host/db/object_id.h"
 #include "settings/library_lines.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "settings/main_config_dlg.h"
 
-#include "host/ui/front_end.h"
+#include "host/app/front_end.h"
 #include "host/ui/host_window.h"
 #include "resources/dialog_templates.h"
 #include "resources/string_table.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
+#include "host/db/object_id.h"
 #include "resources/control_ids.h"
 #include "settings/general_page.h"
 #include "settings/table_pages.h"

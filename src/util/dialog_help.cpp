@@ -1,7 +1,7 @@
 #include "util/dialog_help.h"
 
-#include "host/drawing/resbuf.h"
-#include "host/editor/command.h"
+#include "host/db/resbuf.h"
+#include "host/ed/command.h"
 #include "host/ui/dialog.h"
 #include "util/tcvn3.h"
 

@@ -1,7 +1,6 @@
 #include "util/tcvn3.h"
 
-#include "host/composing.h"
-#include "host/tcvn3_letters.h"
+#include "host/text.h"
 
 #include <algorithm>
 #include <array>

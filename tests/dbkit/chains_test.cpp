@@ -1,7 +1,7 @@
 #include "dbkit/filter_objects.h"
 #include "dbkit/resbuf_chain.h"
-#include "host/drawing/database.h"
-#include "host/editor/command.h"
+#include "host/db/database.h"
+#include "host/ed/command.h"
 #include "support/test_drawing.h"
 #include "support/test_session.h"
 

@@ -1,7 +1,7 @@
 #include "plan/dlg_draw_fcode.h"
 
-#include "host/text.h"
 #include "resources/control_ids.h"
+#include "store/text/text.h"
 #include "support/test_session.h"
 
 #include <gmock/gmock.h>

@@ -1,9 +1,8 @@
 #include "plan/dvbd_command.h"
 
-#include "host/app/host_services.h"
-#include "host/drawing/block_reference.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/text.h"
+#include "host/db/entity/block_reference.h"
+#include "host/db/host_services.h"
+#include "host/db/table/symbol_tables.h"
 #include "plan/dlg_draw_fcode.h"
 #include "resources/control_ids.h"
 #include "support/test_drawing.h"

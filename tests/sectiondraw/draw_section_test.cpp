@@ -1,7 +1,7 @@
-#include "host/drawing/polyline.h"
-#include "host/text.h"
+#include "host/db/entity/polyline.h"
 #include "section_desk.h"
 #include "sectiondraw/ground_line.h"
+#include "store/text/text.h"
 
 #include <gmock/gmock.h>
 

@@ -1,11 +1,11 @@
 #include "section_desk.h"
 
-#include "host/app/host_services.h"
-#include "host/drawing/block_reference.h"
-#include "host/drawing/polyline.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/drawing/text_entity.h"
-#include "host/text.h"
+#include "host/db/entity/block_reference.h"
+#include "host/db/entity/polyline.h"
+#include "host/db/entity/text_entity.h"
+#include "host/db/host_services.h"
+#include "host/db/table/symbol_tables.h"
+#include "store/text/text.h"
 
 #include <sstream>
 

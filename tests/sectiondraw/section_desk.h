@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/companion/alignment.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 #include "resources/control_ids.h"
 #include "sectiondraw/commands.h"
 #include "sectiondraw/veloxa_dlg.h"

@@ -1,6 +1,6 @@
 #include "sections/crossing_search.h"
 
-#include "host/geometry/intersect.h"
+#include "kernel/crossing/intersect.h"
 
 #include <gtest/gtest.h>
 

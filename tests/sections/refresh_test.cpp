@@ -1,8 +1,8 @@
 #include "sections/refresh.h"
 
-#include "host/drawing/block_reference.h"
-#include "host/drawing/database.h"
-#include "host/editor/command.h"
+#include "host/db/database.h"
+#include "host/db/entity/block_reference.h"
+#include "host/ed/command.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
 #include "support/test_drawing.h"

@@ -1,6 +1,6 @@
 #include "sections/scan.h"
 
-#include "host/drawing/symbol_tables.h"
+#include "host/db/table/symbol_tables.h"
 #include "sections/database_cs.h"
 #include "sections/plain_scan.h"
 #include "support/test_drawing.h"

@@ -1,6 +1,6 @@
 #include "sections/survey_info.h"
 
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 #include "sections/database_cs.h"
 #include "sections/scan.h"
 #include "support/test_drawing.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/app/front_end.h"
 #include "host/ui/dialog.h"
-#include "host/ui/front_end.h"
 
 #include <deque>
 #include <functional>

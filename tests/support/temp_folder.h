@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "support/test_drawing.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

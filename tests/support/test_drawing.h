@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/drawing/tags.h"
-#include "host/drawing/text_encoding.h"
-#include "host/geometry/point2d.h"
-#include "host/geometry/point3d.h"
+#include "kernel/point2d.h"
+#include "kernel/point3d.h"
+#include "store/tags.h"
+#include "store/text/text_encoding.h"
 
 #include <cstdint>
 #include <list>

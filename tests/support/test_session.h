@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/dxf/reader.h"
-#include "files/dxf/writer.h"
+#include "files/dxf/save.h"
 #include "host/app/session.h"
 #include "support/memory_front_end.h"
 #include "support/temp_folder.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/desk/window_front_end.h"
-#include "files/dxf/writer.h"
+#include "files/dxf/save.h"
 #include "files/reader.h"
 #include "host/app/session.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/ui/front_end.h"
+#include "host/app/front_end.h"
 #include "host/ui/window.h"
 
 #include <functional>

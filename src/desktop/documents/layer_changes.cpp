@@ -2,12 +2,12 @@
 
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
-#include "host/drawing/damage.h"
-#include "host/drawing/database.h"
-#include "host/drawing/pair_edit.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/drawing/table_index.h"
+#include "host/db/damage.h"
+#include "host/db/database.h"
+#include "host/db/table/symbol_tables.h"
 #include "picture/look/palette.h"
+#include "store/pair_edit.h"
+#include "store/table_index.h"
 #include "util/document_lock.h"
 
 #include <algorithm>

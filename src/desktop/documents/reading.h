@@ -1,7 +1,7 @@
 #pragma once
 
 #include "disk/stamp.h"
-#include "host/drawing/store.h"
+#include "store/drawing_store.h"
 
 #include <string>
 

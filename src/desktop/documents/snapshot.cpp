@@ -1,7 +1,7 @@
 #include "desktop/documents/snapshot.h"
 
 #include "files/dxf/writer.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 #include "desktop/documents/undo_stack.h"
 
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 namespace desktop
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/undo_step.h"
+#include "host/db/undo_step.h"
 
 #include <QString>
 

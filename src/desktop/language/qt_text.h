@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/app/paths.h"
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <QFile>
 #include <QString>

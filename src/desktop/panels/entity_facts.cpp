@@ -5,11 +5,11 @@
 #include "desktop/panels/survey_code.h"
 #include "host/companion/alignment.h"
 #include "host/companion/measure_point.h"
-#include "host/drawing/damage.h"
-#include "host/drawing/database.h"
-#include "host/drawing/extended_data.h"
-#include "host/drawing/pair_edit.h"
-#include "host/editor/entity_text.h"
+#include "host/db/damage.h"
+#include "host/db/database.h"
+#include "host/db/entity/extended_data.h"
+#include "host/view/entity_text.h"
+#include "store/pair_edit.h"
 
 #include <algorithm>
 #include <array>

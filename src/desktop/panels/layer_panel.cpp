@@ -2,7 +2,7 @@
 
 #include "desktop/documents/open_document.h"
 #include "desktop/language/message.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

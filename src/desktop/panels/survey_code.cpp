@@ -1,9 +1,9 @@
 #include "desktop/panels/survey_code.h"
 
 #include "host/app/disk.h"
-#include "host/drawing/damage.h"
-#include "host/drawing/entity.h"
-#include "host/editor/entity_text.h"
+#include "host/db/damage.h"
+#include "host/db/entity/entity.h"
+#include "host/view/entity_text.h"
 #include "sections/survey_info.h"
 
 namespace desktop

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
+#include "store/object_id.h"
 
 #include <string>
 

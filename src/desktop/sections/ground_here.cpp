@@ -1,6 +1,6 @@
 #include "desktop/sections/ground_here.h"
 
-#include "host/drawing/damage.h"
+#include "host/db/damage.h"
 #include "sectiondraw/ground_line.h"
 #include "sections/records.h"
 

@@ -2,7 +2,7 @@
 
 #include "desktop/view/scene.h"
 #include "desktop/view/view_frame.h"
-#include "host/drawing/object_id.h"
+#include "store/object_id.h"
 
 #include <QImage>
 #include <QPointF>

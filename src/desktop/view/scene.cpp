@@ -1,6 +1,6 @@
 #include "desktop/view/scene.h"
 
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/layouts.h"
+#include "host/db/table/layouts.h"
 #include "picture/list/drawing_lists.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #include "desktop/window/run_window.h"
 
 #include "desktop/language/message.h"
-#include "desktop/render_options.h"
+#include "desktop/render/render_options.h"
 #include "desktop/window/application.h"
 #include "desktop/window/main_window.h"
 #include "disk/signals.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/dwg/convert.h"
+#include "files/dwg/outcome.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "files/dxf/binary.h"
 
-#include "files/error.h"
-#include "host/drawing/tags.h"
+#include "files/dxf/error.h"
 #include "store/group_codes.h"
+#include "store/tags.h"
 
 #include <bit>
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "files/dxf/class_edits.h"
 
 #include "host/companion/custom_classes.h"
-#include "host/drawing/database.h"
-#include "host/drawing/tags.h"
-#include "host/text.h"
+#include "host/db/database.h"
+#include "store/tags.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "files/dxf/count_check.h"
 
-#include "host/drawing/tags.h"
 #include "store/numbers.h"
+#include "store/tags.h"
 
 #include <array>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "files/dxf/indexer.h"
 
 #include "files/dxf/count_check.h"
-#include "files/error.h"
+#include "files/dxf/error.h"
 #include "store/group_codes.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/dxf/line_scanner.h"
-#include "host/drawing/store.h"
+#include "store/drawing_store.h"
 
 #include <string>
 #include <string_view>

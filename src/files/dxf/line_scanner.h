@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/line_end.h"
+#include "store/line_end.h"
 
 #include <cstddef>
 #include <cstdint>

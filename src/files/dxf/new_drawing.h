@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/store.h"
+#include "store/drawing_store.h"
 
 namespace files
 {

@@ -2,9 +2,9 @@
 
 #include "disk/read.h"
 #include "files/dxf/binary.h"
+#include "files/dxf/error.h"
 #include "files/dxf/indexer.h"
 #include "files/dxf/version.h"
-#include "files/error.h"
 #include "host/app/disk.h"
 
 namespace files

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/drawing_io.h"
+#include "host/db/drawing_io.h"
 
 namespace files
 {

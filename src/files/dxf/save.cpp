@@ -1,11 +1,11 @@
 #include "files/dxf/save.h"
 
 #include "disk/replace.h"
-#include "files/drawing_names.h"
+#include "files/dxf/drawing_names.h"
+#include "files/dxf/error.h"
 #include "files/dxf/writer.h"
-#include "files/error.h"
 #include "host/app/disk.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 namespace files
 {
@@ -30,6 +30,11 @@ void saveDrawing(AcDbDatabase& database, const std::string& path, const disk::Fi
     requireSavable(database, path);
     const DrawingPieces drawing{database};
     saveDrawingBytes(drawing.pieces(), path, seen, host::diskFaults());
+}
+
+void DxfWriter::write(AcDbDatabase& database, const std::string& path)
+{
+    saveDrawing(database, path);
 }
 
 } // namespace files

@@ -2,12 +2,11 @@
 
 #include "disk/faults.h"
 #include "disk/stamp.h"
+#include "host/db/drawing_io.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
-
-class AcDbDatabase;
 
 namespace files
 {
@@ -22,5 +21,12 @@ void saveDrawingBytes(const std::vector<std::string_view>& pieces, const std::st
 
 /// Throws FileError, with the file named `path`, for a drawing that cannot be saved whatever its file.
 void requireSavable(AcDbDatabase& database, const std::string& path);
+
+/// Writes drawings as DXF; see `DrawingWriter` for what it promises. Throws FileError.
+class DxfWriter : public DrawingWriter
+{
+public:
+    void write(AcDbDatabase& database, const std::string& path) override;
+};
 
 } // namespace files

@@ -1,10 +1,9 @@
 #include "files/dxf/writer.h"
 
 #include "files/dxf/class_edits.h"
-#include "files/dxf/save.h"
-#include "host/drawing/database.h"
-#include "host/drawing/header_variables.h"
-#include "host/drawing/tags.h"
+#include "host/db/database.h"
+#include "store/header_variables.h"
+#include "store/tags.h"
 
 #include <algorithm>
 
@@ -137,11 +136,6 @@ void DrawingPieces::assemble(std::string_view file)
         at = std::max(at, edit.end);
     }
     m_pieces.emplace_back(at, static_cast<size_t>(file.data() + file.size() - at));
-}
-
-void DxfWriter::write(AcDbDatabase& database, const std::string& path)
-{
-    saveDrawing(database, path);
 }
 
 } // namespace files

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "host/drawing/drawing_io.h"
+#include "store/drawing_store.h"
 
 #include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
+
+class AcDbDatabase;
 
 namespace files
 {
@@ -37,13 +39,6 @@ private:
     std::deque<std::string> m_texts; ///< what edits say where it stands nowhere else
     std::vector<Edit> m_edits;
     std::vector<std::string_view> m_pieces;
-};
-
-/// Writes drawings as DXF; see `DrawingWriter` for what it promises. Throws FileError.
-class DxfWriter : public DrawingWriter
-{
-public:
-    void write(AcDbDatabase& database, const std::string& path) override;
 };
 
 } // namespace files

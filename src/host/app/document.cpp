@@ -1,9 +1,9 @@
 #include "host/app/document.h"
 
-#include "host/app/ledger.h"
 #include "host/app/paths.h"
 #include "host/app/session.h"
-#include "host/editor/entity_index.h"
+#include "host/db/ledger.h"
+#include "host/view/entity_index.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/drawing/database.h"
-#include "host/drawing/error_status.h"
-#include "host/editor/view.h"
+#include "host/db/database.h"
+#include "host/db/error_status.h"
+#include "host/view/view.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "disk/faults.h"
-#include "host/drawing/object_id.h"
+#include "store/object_id.h"
 
 /// Asked before the host does what could fail. The default refuses nothing; a test session gives one that does, so that
 /// the rules for failures can be tried.

@@ -2,7 +2,7 @@
 
 #include "host/app/disk.h"
 #include "host/app/session.h"
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 #include <cstdlib>

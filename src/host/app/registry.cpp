@@ -1,7 +1,7 @@
 #include "host/app/registry.h"
 
 #include "host/app/session.h"
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

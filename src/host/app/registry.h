@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/drawing/database.h"
-#include "host/drawing/rx.h"
+#include "host/db/database.h"
+#include "host/db/rx.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,9 @@
 #include "host/app/session.h"
 
+#include "host/app/classes.h"
+#include "host/app/host_command.h"
 #include "host/app/paths.h"
-#include "host/editor/command.h"
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -36,7 +37,9 @@ Session::Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEn
     : m_outer{innermost}, m_reader{reader}, m_writer{writer}, m_frontEnd{frontEnd}, m_options{std::move(options)},
       m_symbolSearch{m_options.symbolFolders}
 {
+    registerClasses();
     innermost = this;
+    m_outerServices = acdbSetHostApplicationServices(this);
 }
 
 Session::~Session()
@@ -44,6 +47,7 @@ Session::~Session()
     unloadModule();
     while (m_documents.count() != 0)
         m_documents.close(m_documents.at(m_documents.count() - 1));
+    acdbSetHostApplicationServices(m_outerServices);
     innermost = m_outer;
 }
 
@@ -137,12 +141,34 @@ void Session::saveCurrent(const std::u16string& path)
     document->setFileName(path);
 }
 
-bool writeAllowed(const AcDbDatabase* database)
+AcDbDatabase* Session::workingDatabase() const
 {
-    if (!Session::hasCurrent())
-        return true;
-    const AcApDocument* document = Session::current().documents().document(database);
+    const AcApDocument* document = m_documents.curDocument();
+    return document != nullptr ? document->database() : nullptr;
+}
+
+bool Session::isWriteAllowed(const AcDbDatabase* database) const
+{
+    const AcApDocument* document = m_documents.document(database);
     return document == nullptr || document->lockDepth() > 0;
+}
+
+DrawingStore Session::readSymbolDrawing(std::u16string_view path)
+{
+    const std::optional<std::string> file = m_symbolSearch.find(path);
+    if (!file)
+        throw std::runtime_error{m_symbolSearch.whyMissing(path)};
+    return m_reader.read(*file, DrawingReader::Purpose::Symbol);
+}
+
+void Session::symbolUnreadable(std::u16string_view path, std::string reason)
+{
+    m_unreadable.push_back({std::u16string{path}, std::move(reason)});
+}
+
+void Session::symbolIncomplete(std::u16string_view path, CountsByKind missing)
+{
+    m_incomplete.push_back({std::u16string{path}, std::move(missing)});
 }
 
 } // namespace host

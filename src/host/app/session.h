@@ -2,12 +2,14 @@
 
 #include "host/app/document.h"
 #include "host/app/faults.h"
-#include "host/app/ledger.h"
+#include "host/app/front_end.h"
 #include "host/app/registry.h"
+#include "host/app/selection_sets.h"
 #include "host/app/symbol_search.h"
-#include "host/drawing/damage.h"
-#include "host/drawing/drawing_io.h"
-#include "host/ui/front_end.h"
+#include "host/db/damage.h"
+#include "host/db/drawing_io.h"
+#include "host/db/host_services.h"
+#include "host/db/ledger.h"
 
 #include <memory>
 #include <string>
@@ -41,13 +43,13 @@ struct IncompleteFile
 /// `current()`; sessions nest (the inner one is current), each is left in the reverse order. A session belongs to the
 /// thread that it was made on; drawings can be read in one on another thread and handed over when it is done. Ends with
 /// its documents closed and its module unloaded.
-class Session
+class Session final : public AcDbHostApplicationServices
 {
 public:
     Session(DrawingReader& reader, DrawingWriter& writer, FrontEnd& frontEnd, SessionOptions options = {});
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
-    ~Session();
+    ~Session() override;
 
     /// The innermost session; there must be one.
     static Session& current();
@@ -83,6 +85,18 @@ public:
     std::vector<UnreadableFile>& unreadableFiles() { return m_unreadable; }
     std::vector<IncompleteFile>& incompleteFiles() { return m_incomplete; }
 
+    /// The selection sets in use.
+    SelectionSets& selectionSets() { return m_selectionSets; }
+
+    AcDbDatabase* workingDatabase() const override;
+    bool isWriteAllowed(const AcDbDatabase* database) const override;
+    bool refusesOpenForWrite(AcDbObjectId id) override { return m_faults->refuseOpenForWrite(id); }
+    bool refusesAppend() override { return m_faults->refuseAppend(); }
+    DamageLog* damageLog() override { return &m_damage; }
+    DrawingStore readSymbolDrawing(std::u16string_view path) override;
+    void symbolUnreadable(std::u16string_view path, std::string reason) override;
+    void symbolIncomplete(std::u16string_view path, CountsByKind missing) override;
+
     /// What the decoding of drawings found damaged. The programs ask after each command and before saving.
     DamageLog& damage() { return m_damage; }
 
@@ -98,6 +112,7 @@ private:
     bool runLine(std::u16string_view line);
 
     Session* m_outer; ///< the session that is current again when this one ends
+    AcDbHostApplicationServices* m_outerServices;
     DrawingReader& m_reader;
     DrawingWriter& m_writer;
     FrontEnd& m_frontEnd;
@@ -112,12 +127,10 @@ private:
     EntryPoint m_entry = nullptr;
     std::string m_moduleFile;
     bool m_commandActive = false;
+    SelectionSets m_selectionSets;
     std::vector<UnreadableFile> m_unreadable;
     std::vector<IncompleteFile> m_incomplete;
     std::vector<std::string> m_unwritten;
 };
-
-/// Whether a database may be changed now: it belongs to no document, its document is locked, or no session runs.
-bool writeAllowed(const AcDbDatabase* database);
 
 } // namespace host

@@ -1,9 +1,9 @@
 #include "host/app/symbol_search.h"
 
 #include "host/app/paths.h"
-#include "host/drawing/text_encoding.h"
-#include "host/tcvn3_letters.h"
-#include "host/text.h"
+#include "store/text/tcvn3_letters.h"
+#include "store/text/text.h"
+#include "store/text/text_encoding.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "host/companion/alignment.h"
 
 #include "host/companion/alignment_pairs.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 ACRX_DEFINE_MEMBERS(PlxDbAlignment, AcDbEntity, u"PLXDBALIGNMENT")
 

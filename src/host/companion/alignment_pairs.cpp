@@ -1,6 +1,6 @@
 #include "host/companion/alignment_pairs.h"
 
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/companion/alignment.h"
-#include "host/drawing/pair_edit.h"
-#include "host/drawing/text_encoding.h"
+#include "store/pair_edit.h"
+#include "store/text/text_encoding.h"
 
 /// Reads the section records of an alignment, pair by pair, and checks each count against what follows it.
 class SectionReader

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/rx.h"
+#include "host/db/rx.h"
 
 #include <array>
 

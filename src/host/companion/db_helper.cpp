@@ -1,6 +1,6 @@
 #include "host/companion/db_helper.h"
 
-#include "host/drawing/entity.h"
+#include "host/db/entity/entity.h"
 
 void DbHelper::DeleteEntity(AcDbObjectIdArray& ids, bool erase)
 {

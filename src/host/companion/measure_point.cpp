@@ -1,6 +1,6 @@
 #include "host/companion/measure_point.h"
 
-#include "host/drawing/pair_edit.h"
+#include "store/pair_edit.h"
 
 ACRX_DEFINE_MEMBERS(PlxDbPointObj, AcDbEntity, nullptr)
 ACRX_DEFINE_MEMBERS(PlxDbMeasurePointObj, PlxDbPointObj, u"PLXDBMEASUREPOINTOBJ")

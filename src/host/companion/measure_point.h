@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/entity.h"
+#include "host/db/entity/entity.h"
 
 #include <map>
 

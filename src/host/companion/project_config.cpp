@@ -1,7 +1,7 @@
 #include "host/companion/project_config.h"
 
-#include "host/drawing/database.h"
-#include "host/drawing/dictionary.h"
+#include "host/db/database.h"
+#include "host/db/table/dictionary.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "host/ui/color_names.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "host/ui/controls.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

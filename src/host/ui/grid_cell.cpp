@@ -1,9 +1,9 @@
 #include "host/ui/grid_cell.h"
 
 #include "host/app/session.h"
-#include "host/text.h"
 #include "host/ui/color_names.h"
 #include "host/ui/grid_ctrl.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

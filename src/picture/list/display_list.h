@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/editor/box_tree.h"
+#include "kernel/box_tree.h"
 #include "picture/map2d.h"
 
 #include <cstdint>

@@ -1,10 +1,10 @@
 #include "picture/list/drawing_lists.h"
 
-#include "host/drawing/block_index.h"
-#include "host/drawing/database.h"
-#include "host/drawing/header_variables.h"
-#include "host/drawing/pair_edit.h"
+#include "host/db/database.h"
 #include "picture/list/entity_writer.h"
+#include "store/block_index.h"
+#include "store/header_variables.h"
+#include "store/pair_edit.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/drawing/object_id.h"
 #include "picture/list/display_list.h"
 #include "picture/look/looks.h"
 #include "picture/notes.h"
 #include "picture/text/text_style.h"
+#include "store/object_id.h"
 
 #include <deque>
 #include <string>

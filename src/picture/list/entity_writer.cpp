@@ -2,14 +2,14 @@
 
 #include "host/companion/alignment.h"
 #include "host/companion/measure_point.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/database.h"
-#include "host/drawing/entity_curves.h"
-#include "host/drawing/insert_placement.h"
-#include "host/drawing/pair_edit.h"
-#include "host/editor/entity_shapes.h"
+#include "host/db/curve/entity_curves.h"
+#include "host/db/curve/insert_placement.h"
+#include "host/db/database.h"
+#include "host/view/entity_shapes.h"
 #include "picture/list/mesh.h"
 #include "picture/list/wide_path.h"
+#include "store/block_index.h"
+#include "store/pair_edit.h"
 
 #include <algorithm>
 #include <array>

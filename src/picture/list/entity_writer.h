@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/curve_path.h"
+#include "kernel/curve/curve_path.h"
 #include "picture/list/drawing_lists.h"
 
 struct Container;

@@ -1,6 +1,6 @@
 #include "picture/list/hatch_pattern.h"
 
-#include "host/drawing/pair_edit.h"
+#include "store/pair_edit.h"
 
 #include <algorithm>
 #include <cmath>

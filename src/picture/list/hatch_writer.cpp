@@ -1,6 +1,6 @@
 #include "picture/list/entity_writer.h"
 
-#include "host/drawing/curve_readers.h"
+#include "host/db/curve/curve_readers.h"
 #include "picture/list/hatch_pattern.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "picture/list/mesh.h"
 
-#include "host/drawing/database.h"
-#include "host/drawing/entity_curves.h"
-#include "host/drawing/pair_edit.h"
+#include "host/db/curve/entity_curves.h"
+#include "host/db/database.h"
+#include "store/pair_edit.h"
 
 #include <array>
 #include <cstdlib>

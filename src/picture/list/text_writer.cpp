@@ -1,9 +1,9 @@
 #include "picture/list/entity_writer.h"
 
-#include "host/drawing/database.h"
-#include "host/drawing/pair_edit.h"
+#include "host/db/database.h"
 #include "picture/text/mtext.h"
 #include "picture/text/text_codes.h"
+#include "store/pair_edit.h"
 
 #include <numbers>
 

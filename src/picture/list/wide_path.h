@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/geometry/matrix3d.h"
-#include "host/geometry/segment2d.h"
+#include "kernel/matrix3d.h"
+#include "kernel/segment2d.h"
 #include "picture/map2d.h"
 
 #include <string_view>

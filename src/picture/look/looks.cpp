@@ -1,8 +1,8 @@
 #include "picture/look/looks.h"
 
-#include "host/drawing/database.h"
-#include "host/drawing/pair_edit.h"
-#include "host/drawing/table_index.h"
+#include "host/db/database.h"
+#include "store/pair_edit.h"
+#include "store/table_index.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/text.h"
 #include "picture/look/palette.h"
 #include "picture/notes.h"
+#include "store/text/text.h"
 
 #include <cstdint>
 #include <map>

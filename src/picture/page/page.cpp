@@ -1,6 +1,6 @@
 #include "picture/page/page.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 #include "picture/page/sections.h"
 
 #include "host/companion/alignment.h"
-#include "host/drawing/database.h"
-#include "host/drawing/entity.h"
+#include "host/db/database.h"
+#include "host/db/entity/entity.h"
 
 #include <algorithm>
 #include <unordered_map>

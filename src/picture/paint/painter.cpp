@@ -1,6 +1,6 @@
 #include "picture/paint/painter.h"
 
-#include "host/geometry/arc_chords.h"
+#include "kernel/curve/arc_chords.h"
 #include "picture/paint/clip.h"
 #include "picture/paint/dashes.h"
 

@@ -1,11 +1,11 @@
 #include "picture/text/text_style.h"
 
-#include "host/drawing/database.h"
-#include "host/drawing/pair_edit.h"
-#include "host/drawing/table_index.h"
-#include "host/drawing/text_encoding.h"
+#include "host/db/database.h"
 #include "picture/text/shape_font.h"
 #include "picture/text/system_font.h"
+#include "store/pair_edit.h"
+#include "store/table_index.h"
+#include "store/text/text_encoding.h"
 #include "util/tcvn3.h"
 
 #include <algorithm>

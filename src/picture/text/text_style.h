@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/text.h"
 #include "picture/notes.h"
 #include "picture/text/font.h"
+#include "store/text/text.h"
 
 #include <map>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/point3d.h"
+#include "kernel/point3d.h"
 #include "survey/model/place.h"
 
 #include <string>

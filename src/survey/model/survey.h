@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/extents.h"
+#include "kernel/extents.h"
 #include "survey/model/alignment_line.h"
 #include "survey/model/coded_line.h"
 #include "survey/model/finding.h"

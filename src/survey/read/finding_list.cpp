@@ -1,6 +1,6 @@
 #include "survey/read/finding_list.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "survey/read/place_sections.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/line/alignment_walk.h"
 #include "survey/line/elements.h"
 #include "survey/line/section_line.h"

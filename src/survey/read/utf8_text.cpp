@@ -1,9 +1,9 @@
 #include "survey/read/utf8_text.h"
 
 #include "disk/error.h"
-#include "host/composing.h"
-#include "host/drawing/code_page.h"
-#include "host/text.h"
+#include "store/text/code_page.h"
+#include "store/text/composing.h"
+#include "store/text/text.h"
 #include "survey/read/vietnamese_words.h"
 #include "util/tcvn3.h"
 

@@ -1,7 +1,7 @@
 #include "survey/read/vietnamese_words.h"
 
-#include "host/composing.h"
-#include "host/text.h"
+#include "store/text/composing.h"
+#include "store/text/text.h"
 #include "util/fields.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "survey/sheet/code_form.h"
 
-#include "host/composing.h"
+#include "store/text/composing.h"
 #include "util/tcvn3.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "survey/sheet/drawing_frame.h"
 
-#include "host/drawing/damage.h"
-#include "host/drawing/header_variables.h"
-#include "host/drawing/pair_edit.h"
-#include "host/drawing/table_index.h"
+#include "host/db/damage.h"
+#include "store/header_variables.h"
+#include "store/pair_edit.h"
+#include "store/table_index.h"
 
 #include <algorithm>
 

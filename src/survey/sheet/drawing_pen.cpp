@@ -2,11 +2,11 @@
 
 #include "host/companion/alignment.h"
 #include "host/companion/measure_point.h"
-#include "host/companion/survey_codes.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/polyline.h"
-#include "host/drawing/table_index.h"
-#include "host/drawing/text_entity.h"
+#include "host/db/entity/polyline.h"
+#include "host/db/entity/survey_codes.h"
+#include "host/db/entity/text_entity.h"
+#include "store/block_index.h"
+#include "store/table_index.h"
 
 #include <array>
 #include <stdexcept>

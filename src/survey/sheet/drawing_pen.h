@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/drawing/database.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/geometry/extents.h"
-#include "host/geometry/segment2d.h"
+#include "host/db/database.h"
+#include "host/db/table/symbol_tables.h"
+#include "kernel/extents.h"
+#include "kernel/segment2d.h"
 
 #include <set>
 #include <span>

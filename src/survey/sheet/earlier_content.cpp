@@ -1,8 +1,8 @@
 #include "survey/sheet/earlier_content.h"
 
 #include "host/companion/alignment.h"
-#include "host/drawing/block_index.h"
-#include "host/text.h"
+#include "store/block_index.h"
+#include "store/text/text.h"
 #include "survey/sheet/drawing_pen.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/drawing/database.h"
-#include "host/geometry/extents.h"
+#include "host/db/database.h"
+#include "kernel/extents.h"
 
 #include <set>
 #include <string>

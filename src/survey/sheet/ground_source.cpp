@@ -1,6 +1,6 @@
 #include "survey/sheet/ground_source.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/sheet/shown_numbers.h"
 #include "survey/surface/triangulate.h"
 

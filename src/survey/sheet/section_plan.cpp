@@ -1,6 +1,6 @@
 #include "survey/sheet/section_plan.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/line/alignment_walk.h"
 #include "survey/line/section_line.h"
 #include "survey/line/stations.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/model/survey.h"
 #include "survey/sheet/write_drawing.h"
 #include "survey/surface/section_cut.h"

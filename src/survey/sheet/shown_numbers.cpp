@@ -1,6 +1,6 @@
 #include "survey/sheet/shown_numbers.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "util/numbers.h"
 
 #include <cmath>

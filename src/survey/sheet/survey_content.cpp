@@ -1,6 +1,6 @@
 #include "survey/sheet/survey_content.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/sheet/earlier_content.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "survey/sheet/write_drawing.h"
 
 #include "host/companion/alignment.h"
-#include "host/drawing/header_variables.h"
-#include "host/text.h"
+#include "store/header_variables.h"
+#include "store/text/text.h"
 #include "survey/sheet/drawing_frame.h"
 #include "survey/sheet/earlier_content.h"
 #include "survey/sheet/ground_source.h"

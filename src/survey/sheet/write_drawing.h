@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/geometry/extents.h"
+#include "kernel/extents.h"
 #include "survey/model/survey.h"
 
 #include <map>

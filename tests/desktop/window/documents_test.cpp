@@ -1,8 +1,8 @@
 #include "desktop/documents/file_actions.h"
 #include "desktop/window/window_test.h"
 
-#include "host/drawing/symbol_tables.h"
-#include "host/drawing/table_index.h"
+#include "host/db/table/symbol_tables.h"
+#include "store/table_index.h"
 #include <QFileInfo>
 
 #include <QLabel>

@@ -2,7 +2,7 @@
 
 #include "files/dxf/reader.h"
 #include "files/dxf/writer.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 
 #include <cstring>
 #include <memory>

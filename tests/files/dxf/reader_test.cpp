@@ -1,9 +1,9 @@
 #include "files/dxf/dxf_text.h"
-#include "files/error.h"
-#include "host/drawing/block_index.h"
-#include "host/drawing/handle_table.h"
-#include "host/drawing/header_variables.h"
-#include "host/drawing/table_index.h"
+#include "files/dxf/error.h"
+#include "store/block_index.h"
+#include "store/handle_table.h"
+#include "store/header_variables.h"
+#include "store/table_index.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>

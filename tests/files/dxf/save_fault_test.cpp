@@ -1,6 +1,6 @@
 #include "files/dxf/dxf_text.h"
-#include "files/error.h"
-#include "host/drawing/handle_table.h"
+#include "files/dxf/error.h"
+#include "store/handle_table.h"
 #include "support/test_session.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
-#include "host/app/host_services.h"
 #include "host/app/paths.h"
-#include "host/drawing/entity.h"
-#include "host/editor/selection.h"
+#include "host/db/entity/entity.h"
+#include "host/db/host_services.h"
+#include "host/ed/selection.h"
 #include "support/plan_drawing.h"
 #include "support/test_session.h"
 
@@ -177,7 +177,7 @@ TEST(Documents, LocksNestAndWritesOutsideThemAreNoted)
             const TestLock inner;
             EXPECT_EQ(document->lockDepth(), 2);
         }
-        EXPECT_TRUE(host::writeAllowed(&test.drawing()));
+        EXPECT_TRUE(acdbHostApplicationServices()->isWriteAllowed(&test.drawing()));
         AcDbObjectPointer<AcDbEntity>
         {
             line, AcDb::kForWrite
@@ -185,8 +185,8 @@ TEST(Documents, LocksNestAndWritesOutsideThemAreNoted)
     }
     EXPECT_THAT(ledger().faults, IsEmpty());
     const AcDbDatabase side;
-    EXPECT_TRUE(host::writeAllowed(&side));
-    EXPECT_FALSE(host::writeAllowed(&test.drawing()));
+    EXPECT_TRUE(acdbHostApplicationServices()->isWriteAllowed(&side));
+    EXPECT_FALSE(acdbHostApplicationServices()->isWriteAllowed(&test.drawing()));
     AcDbObjectPointer<AcDbEntity>
     {
         line, AcDb::kForWrite, true

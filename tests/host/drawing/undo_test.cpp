@@ -1,8 +1,8 @@
-#include "host/drawing/block_index.h"
-#include "host/drawing/block_reference.h"
-#include "host/drawing/symbol_tables.h"
-#include "host/drawing/text_entity.h"
-#include "host/drawing/undo_step.h"
+#include "host/db/entity/block_reference.h"
+#include "host/db/entity/text_entity.h"
+#include "host/db/table/symbol_tables.h"
+#include "host/db/undo_step.h"
+#include "store/block_index.h"
 #include "support/test_drawing.h"
 #include "support/test_session.h"
 

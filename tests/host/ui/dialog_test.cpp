@@ -1,6 +1,6 @@
-#include "host/text.h"
 #include "host/ui/dialog.h"
 #include "host/ui/tab_ctrl.h"
+#include "store/text/text.h"
 #include "support/test_session.h"
 
 #include <gmock/gmock.h>

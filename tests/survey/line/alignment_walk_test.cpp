@@ -3,7 +3,7 @@
 #include "survey/line/elements.h"
 #include "survey/line/stations.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <cmath>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "survey/read/survey_files.h"
 
 #include "files/reader.h"
-#include "host/drawing/database.h"
+#include "host/db/database.h"
 #include "survey/line/alignment_walk.h"
 #include "survey/read/drawing/read_drawing.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "support/temp_folder.h"
-#include "survey/read/read_survey.h"
+#include "survey/read_survey.h"
 
 #include <sstream>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/text.h"
+#include "store/text/text.h"
 #include "tools/font/glyph_text.h"
 #include "tools/font/shape_file.h"
 #include "util/tcvn3.h"

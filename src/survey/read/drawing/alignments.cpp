@@ -1,6 +1,6 @@
 #include "survey/read/drawing/drawing_view.h"
 
-#include "host/drawing/entity_curves.h"
+#include "host/db/curve/entity_curves.h"
 #include "survey/line/alignment_walk.h"
 #include "survey/line/elements.h"
 

@@ -1,8 +1,8 @@
 #include "survey/read/drawing/drawing_view.h"
 
-#include "host/drawing/block_index.h"
-#include "host/drawing/damage.h"
-#include "host/editor/entity_text.h"
+#include "host/db/damage.h"
+#include "host/view/entity_text.h"
+#include "store/block_index.h"
 
 #include <algorithm>
 

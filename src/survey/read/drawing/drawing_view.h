@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/drawing/database.h"
-#include "host/drawing/record.h"
-#include "host/geometry/point3d.h"
+#include "host/db/database.h"
+#include "kernel/point3d.h"
+#include "store/record.h"
 #include "survey/model/survey.h"
 #include "survey/read/drawing/read_drawing.h"
 #include "survey/read/finding_list.h"

@@ -1,6 +1,6 @@
 #include "survey/read/drawing/entity_texts.h"
 
-#include "host/drawing/entity_curves.h"
+#include "host/db/curve/entity_curves.h"
 #include "util/fields.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "survey/read/drawing/drawing_view.h"
 
-#include "host/drawing/entity_curves.h"
+#include "host/db/curve/entity_curves.h"
 #include "survey/read/codes.h"
 #include "survey/read/drawing/entity_texts.h"
 #include "survey/read/table/rows.h"

@@ -2,7 +2,7 @@
 
 #include "disk/error.h"
 #include "disk/read.h"
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/read/codes.h"
 #include "survey/read/drawing/drawing_view.h"
 #include "survey/read/table/rows.h"

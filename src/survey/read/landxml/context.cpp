@@ -1,6 +1,6 @@
 #include "survey/read/landxml/context.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/read/length_unit.h"
 #include "survey/read/number_text.h"
 #include "util/fields.h"

@@ -1,6 +1,6 @@
 #include "survey/read/landxml/parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/line/alignment_walk.h"
 #include "survey/read/number_text.h"
 #include "survey/read/section_order.h"

@@ -1,6 +1,6 @@
 #include "survey/read/landxml/parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/line/elements.h"
 #include "survey/read/landxml/geometry.h"
 #include "survey/read/line_ends.h"

@@ -1,6 +1,6 @@
 #include "survey/read/landxml/parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/read/codes.h"
 #include "survey/read/second_point.h"
 

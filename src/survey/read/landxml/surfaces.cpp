@@ -1,6 +1,6 @@
 #include "survey/read/landxml/parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/read/line_ends.h"
 #include "survey/read/number_text.h"
 

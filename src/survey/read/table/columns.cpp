@@ -1,6 +1,6 @@
 #include "survey/read/table/columns.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 
 #include <algorithm>
 #include <array>

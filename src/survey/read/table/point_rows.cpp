@@ -1,6 +1,6 @@
 #include "survey/read/table/table_parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/read/codes.h"
 #include "survey/read/second_point.h"
 

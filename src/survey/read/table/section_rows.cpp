@@ -1,6 +1,6 @@
 #include "survey/read/table/table_parts.h"
 
-#include "host/text.h"
+#include "store/text/text.h"
 #include "survey/line/station_text.h"
 #include "survey/read/section_order.h"
 

@@ -1,0 +1,3 @@
+#include "host/db/entity/viewport.h"
+
+ACRX_DEFINE_MEMBERS(AcDbViewport, AcDbEntity, u"VIEWPORT")
