@@ -54,17 +54,22 @@ struct BreakLines
 {
     std::vector<BreakLine> lines;
     std::vector<const CodedLine*> given;
+    size_t flat = 0; ///< those without heights
 };
 
 BreakLines breakLinesOf(const Survey& survey)
 {
     BreakLines found;
     for (const CodedLine& line : survey.lines)
-        if (line.isBreakLine && line.hasElevations)
-        {
-            found.lines.push_back({line.vertices, line.closed});
-            found.given.push_back(&line);
-        }
+    {
+        if (!line.isBreakLine)
+            continue;
+        found.flat += line.hasElevations ? 0 : 1;
+        if (!line.hasElevations)
+            continue;
+        found.lines.push_back({line.vertices, line.closed});
+        found.given.push_back(&line);
+    }
     return found;
 }
 
@@ -136,6 +141,8 @@ Tin GroundSource::make(const Survey& survey, const AcGePoint3dArray& points, con
          "triangles were made over " + std::to_string(made.tin.points.size()) + " points and " +
              std::to_string(lines.lines.size()) + " break lines",
          findings);
+    if (lines.flat > 0)
+        note(place, std::to_string(lines.flat) + " break lines have no heights: they hold no edges", findings);
     if (made.merged > 0)
         note(place, std::to_string(made.merged) + " points lie where another one is: the first counts", findings);
     if (made.conflicts > 0)
