@@ -47,6 +47,8 @@ public:
     /// Whether the drawing is as it was when `setSaved` was called last, at first as it was read.
     bool isAsSaved() const;
     void setSaved();
+    /// No file holds the drawing as it is.
+    void setUnsaved() { m_savedAt = kNever; }
 
 private:
     struct Done

@@ -8,6 +8,7 @@
 #include "desktop/panels/layer_panel.h"
 #include "desktop/panels/palette_dialog.h"
 #include "desktop/panels/property_panel.h"
+#include "desktop/recovery/recovery.h"
 #include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/window/user_actions.h"
@@ -54,6 +55,7 @@ MainWindow::MainWindow(host::SessionOptions options)
     buildCentre();
     buildPanels();
     buildStatusBar();
+    m_recovery = std::make_unique<Recovery>(*this);
     addUserActions(*this);
     connectCommandLine();
     connectFindBar();
@@ -62,10 +64,13 @@ MainWindow::MainWindow(host::SessionOptions options)
     m_files.onOpened = [this](DocumentTab& tab)
     {
         connectTab(tab);
+        if (!tab.document()->isChanged())
+            m_recovery->drop(tab);
         if (!picture::alignmentsOf(tab.document()->database()).empty())
             findChild<QDockWidget*>("sectionsPanel")->show();
         frontChanged();
     };
+    m_files.onSaved = [this](DocumentTab& tab) { m_recovery->drop(tab); };
     qApp->installEventFilter(this);
     resize(1400, 900);
     resizeDocks({findChild<QDockWidget*>("sectionsPanel"), findChild<QDockWidget*>("propertiesPanel")}, {270, 280},
@@ -290,6 +295,7 @@ void MainWindow::change(const QString& title, const std::function<void()>& actio
             if (OpenDocument* document = currentDocument())
             {
                 UndoStack::Recording recording{document->undo(), title};
+                m_recovery->changed();
                 try
                 {
                     action();
@@ -387,6 +393,7 @@ void MainWindow::showTab(DocumentTab& tab)
 void MainWindow::removeTab(DocumentTab& tab)
 {
     m_interpreter.cancel();
+    m_recovery->drop(tab);
     m_tabs->removeTab(m_tabs->indexOf(&tab));
     delete &tab;
     if (m_tabs->count() == 0)
@@ -468,6 +475,13 @@ void MainWindow::toggleTheme()
     for (int i = 0; i < m_tabs->count(); ++i)
         for (DrawingView* view : {&tabAt(i)->view(), &tabAt(i)->sectionView()})
             view->setBackground(backgroundOf(m_theme));
+}
+
+void MainWindow::comeUp()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
 }
 
 void MainWindow::togglePanel(const char* name)

@@ -29,6 +29,7 @@ class FindBar;
 class LayerPanel;
 class OpenDocument;
 class PropertyPanel;
+class Recovery;
 class SectionActions;
 class SectionPanel;
 
@@ -45,6 +46,7 @@ public:
     Jobs& jobs() { return m_jobs; }
     Ask& ask() { return m_ask; }
     FileActions& files() { return m_files; }
+    Recovery& recovery() { return *m_recovery; }
     Interpreter& interpreter() { return m_interpreter; }
     CommandLine& commandLine() { return *m_commandLine; }
     FindBar& findBar() { return *m_findBar; }
@@ -79,6 +81,8 @@ public:
     /// Gives up what is begun: a question of a command, a tool, the selection.
     void escape();
     void toggleTheme();
+    /// In front of other windows.
+    void comeUp();
     /// Shows a panel by its name, or hides it.
     void togglePanel(const char* name);
 
@@ -120,6 +124,7 @@ private:
     LayerPanel* m_layers = nullptr;
     SectionPanel* m_sectionPanel = nullptr;
     std::unique_ptr<SectionActions> m_sectionActions;
+    std::unique_ptr<Recovery> m_recovery;
     QLabel* m_sectionName = nullptr;
     QLabel* m_coordinates = nullptr;
     QLabel* m_measured = nullptr;

@@ -22,8 +22,8 @@ constexpr size_t kMost = 10;
 std::vector<std::string> recentFiles()
 {
     std::vector<std::string> files;
-    for (const QVariant& each : QSettings{}.value(kSetting).toList())
-        files.push_back(QByteArray::fromPercentEncoding(each.toByteArray()).toStdString());
+    for (const QString& each : QSettings{}.value(kSetting).toStringList())
+        files.push_back(QByteArray::fromPercentEncoding(each.toLatin1()).toStdString());
     return files;
 }
 
@@ -35,7 +35,7 @@ void addRecentFile(const std::string& path)
     std::erase(files, whole);
     files.insert(files.begin(), whole);
     files.resize(std::min(files.size(), kMost));
-    QVariantList kept;
+    QStringList kept;
     for (const std::string& file : files)
         kept.append(QString::fromLatin1(QByteArray::fromStdString(file).toPercentEncoding("/ ")));
     QSettings{}.setValue(kSetting, kept);

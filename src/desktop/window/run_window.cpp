@@ -1,13 +1,18 @@
 #include "desktop/window/run_window.h"
 
 #include "desktop/language/message.h"
+#include "desktop/recovery/recovery.h"
 #include "desktop/render/render_options.h"
 #include "desktop/window/application.h"
+#include "desktop/window/end_signals.h"
 #include "desktop/window/main_window.h"
+#include "desktop/window/single_instance.h"
 #include "disk/signals.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <unistd.h>
+#include <utility>
 
 namespace desktop
 {
@@ -27,6 +32,15 @@ void endWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QString&
         std::cerr << "veloxa: " << message.toStdString() << std::endl;
 }
 
+/// Whatever calls exit() while the window lives (a display that goes away does) must not lose work.
+Recovery* atExit = nullptr;
+
+void keepAtExit()
+{
+    if (Recovery* recovery = std::exchange(atExit, nullptr))
+        recovery->keepNow();
+}
+
 } // namespace
 
 int runWindow(int& argc, char** argv, const std::vector<std::string>& drawings)
@@ -38,12 +52,24 @@ int runWindow(int& argc, char** argv, const std::vector<std::string>& drawings)
     qInstallMessageHandler(endWithoutDisplay);
     Application application{argc, argv};
     chooseLanguage(languageOfEnvironment());
+    if (handToRunningWindow(drawings))
+        return 0;
     MainWindow window;
     application.onFailure = [&window](const QString& reason) { window.say(reason); };
+    const SingleInstance instance{[&window](const std::vector<std::string>& wanted)
+                                  {
+                                      window.comeUp();
+                                      window.open(wanted);
+                                  }};
+    const EndSignals endings{[&window] { window.recovery().keepNow(); }};
+    atExit = &window.recovery();
+    std::atexit(keepAtExit);
     window.show();
-    if (!drawings.empty())
-        window.open(drawings);
-    return QApplication::exec();
+    window.open(drawings);
+    window.gate().whenOpen([&window] { window.perform([&window] { window.recovery().offer(); }); });
+    const int status = QApplication::exec();
+    atExit = nullptr;
+    return status;
 }
 
 } // namespace desktop

@@ -6,6 +6,7 @@
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/panels/find_bar.h"
+#include "desktop/render/picture_actions.h"
 #include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/window/main_window.h"
@@ -75,6 +76,10 @@ std::vector<UserAction> fileActions()
          [](MainWindow& w) { withTab(w, [&](DocumentTab& tab) { w.files().save(tab); }); }},
         {menu, "Save &as…", "SAVEAS", "", "Ctrl+Shift+S",
          [](MainWindow& w) { withTab(w, [&](DocumentTab& tab) { w.files().saveAs(tab); }); }},
+        {menu, "&Export pictures…", "EXPORT", "", "Ctrl+E",
+         [](MainWindow& w) { withTab(w, [&](DocumentTab&) { exportDrawing(w); }); }, true, true},
+        {menu, "&Print…", "PRINT", "PLOT", "Ctrl+P",
+         [](MainWindow& w) { withTab(w, [&](DocumentTab&) { printDrawing(w); }); }},
         {menu, "&Close", "CLOSE", "", "Ctrl+W; Ctrl+F4",
          [](MainWindow& w)
          {

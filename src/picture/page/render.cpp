@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPageSize>
+#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
@@ -172,8 +173,8 @@ namespace
 class Contents
 {
 public:
-    Contents(const std::vector<Page>& pages, const PageOptions& options)
-        : m_pages{pages}, m_unit{kPdfDpi / kInch}, m_width{options.paper->width}, m_height{options.paper->height}
+    Contents(const std::vector<Page>& pages, const PageOptions& options, double unit)
+        : m_pages{pages}, m_unit{unit}, m_width{options.paper->width}, m_height{options.paper->height}
     {
         m_rows = std::max<size_t>(1, static_cast<size_t>((m_height - 2 * kMargin - kHeading) / kRow));
         m_columns = std::max<size_t>(1, static_cast<size_t>((m_width - 2 * kMargin) / kColumn));
@@ -220,63 +221,78 @@ private:
     size_t m_columns = 1;
 };
 
+/// The sheets of a document, painted one after the other; answers the outline that leads to them.
+std::vector<OutlineEntry> paintDocument(QPagedPaintDevice& device, DrawingLists& lists, const std::vector<Page>& pages,
+                                        const PageOptions& options, const std::u16string& heading)
+{
+    QPainter painter{&device};
+    const double unit = device.logicalDpiX() / kInch;
+    std::vector<OutlineEntry> outline;
+    Canvas canvas{painter, Medium::kVectors};
+    canvas.setSearchable(true);
+    Appearance appearance;
+    appearance.unitsPerMillimetre = unit;
+    appearance.thinLine = kThinMillimetres * unit;
+    appearance.speck = kThinMillimetres * unit;
+    appearance.tolerance = 1.0;
+    appearance.gap = 2.0;
+    canvas.setRounded(true);
+    const Contents contents{pages, options, unit};
+    const size_t before = pages.size() > 1 ? contents.pageCount() : 0;
+    const auto beginPage = [&](size_t number)
+    {
+        canvas.flush();
+        if (number > 0)
+            device.newPage();
+        if (!options.isTransparent && options.background != 0xFFFFFF)
+            painter.fillRect(QRectF{0, 0, options.paper->width * unit, options.paper->height * unit},
+                             groundOf(options));
+    };
+    for (size_t i = 0; i < before; ++i)
+    {
+        beginPage(i);
+        contents.paint(canvas, i, heading, inkOn(options.background));
+    }
+    for (size_t i = 0; i < pages.size(); ++i)
+    {
+        beginPage(before + i);
+        const Layout layout = layOut(pages[i], options, unit);
+        paintPage(lists, canvas, pages[i], layout, options, appearance);
+        if (before > 0)
+        {
+            writeLine(canvas, Contents::numberText(before + i + 1), {layout.room.maxX, layout.height - 4.0 * unit},
+                      2.5 * unit, inkOn(options.background), true);
+            outline.push_back({pages[i].entry, before + i});
+        }
+    }
+    canvas.flush();
+    return outline;
+}
+
 } // namespace
+
+void paintSheets(QPagedPaintDevice& device, DrawingLists& lists, const std::vector<Page>& pages,
+                 const PageOptions& options, const std::u16string& heading)
+{
+    paintDocument(device, lists, pages, options, heading);
+}
 
 std::string renderPdf(DrawingLists& lists, const std::vector<Page>& pages, const PageOptions& options,
                       const std::u16string& heading)
 {
-    const double unit = kPdfDpi / kInch;
     QByteArray bytes;
     QBuffer buffer{&bytes};
     buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer{&buffer};
-    writer.setResolution(kPdfDpi);
-    writer.setPageSize(QPageSize{
-        QSizeF{options.paper->width, options.paper->height}, QPageSize::Millimeter, {}, QPageSize::ExactMatch});
-    writer.setPageMargins({0, 0, 0, 0});
-    writer.setTitle(QString::fromStdU16String(heading));
-    writer.setCreator(QStringLiteral("Veloxa"));
     std::vector<OutlineEntry> outline;
     {
-        QPainter painter{&writer};
-        Canvas canvas{painter, Medium::kVectors};
-        canvas.setSearchable(true);
-        Appearance appearance;
-        appearance.unitsPerMillimetre = unit;
-        appearance.thinLine = kThinMillimetres * unit;
-        appearance.speck = kThinMillimetres * unit;
-        appearance.tolerance = 1.0;
-        appearance.gap = 2.0;
-        canvas.setRounded(true);
-        const Contents contents{pages, options};
-        const size_t before = pages.size() > 1 ? contents.pageCount() : 0;
-        const auto beginPage = [&](size_t number)
-        {
-            canvas.flush();
-            if (number > 0)
-                writer.newPage();
-            if (!options.isTransparent && options.background != 0xFFFFFF)
-                painter.fillRect(QRectF{0, 0, options.paper->width * unit, options.paper->height * unit},
-                                 groundOf(options));
-        };
-        for (size_t i = 0; i < before; ++i)
-        {
-            beginPage(i);
-            contents.paint(canvas, i, heading, inkOn(options.background));
-        }
-        for (size_t i = 0; i < pages.size(); ++i)
-        {
-            beginPage(before + i);
-            const Layout layout = layOut(pages[i], options, unit);
-            paintPage(lists, canvas, pages[i], layout, options, appearance);
-            if (before > 0)
-            {
-                writeLine(canvas, Contents::numberText(before + i + 1), {layout.room.maxX, layout.height - 4.0 * unit},
-                          2.5 * unit, inkOn(options.background), true);
-                outline.push_back({pages[i].entry, before + i});
-            }
-        }
-        canvas.flush();
+        QPdfWriter writer{&buffer};
+        writer.setResolution(kPdfDpi);
+        writer.setPageSize(QPageSize{
+            QSizeF{options.paper->width, options.paper->height}, QPageSize::Millimeter, {}, QPageSize::ExactMatch});
+        writer.setPageMargins({0, 0, 0, 0});
+        writer.setTitle(QString::fromStdU16String(heading));
+        writer.setCreator(QStringLiteral("Veloxa"));
+        outline = paintDocument(writer, lists, pages, options, heading);
     }
     return withOutline(bytesOf(bytes), outline);
 }

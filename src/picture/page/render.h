@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+class QPagedPaintDevice;
+
 namespace picture
 {
 
@@ -17,5 +19,9 @@ std::string renderSvg(DrawingLists& lists, const Page& page, const PageOptions& 
 /// the contents.
 std::string renderPdf(DrawingLists& lists, const std::vector<Page>& pages, const PageOptions& options,
                       const std::u16string& heading);
+
+/// The same onto the sheets of a device, a printer, which is set up for `options.paper` without margins.
+void paintSheets(QPagedPaintDevice& device, DrawingLists& lists, const std::vector<Page>& pages,
+                 const PageOptions& options, const std::u16string& heading);
 
 } // namespace picture

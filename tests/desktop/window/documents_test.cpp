@@ -26,22 +26,6 @@ std::string lineDrawing()
 class Documents : public WindowTest
 {
 protected:
-    /// A change of the drawing in front.
-    void changeDrawing()
-    {
-        window().change("test",
-                        [this]
-                        {
-                            AcApDocument& document = tab().document()->host();
-                            acDocManagerPtr()->lockDocument(&document);
-                            const AcDbObjectIdArray layers = document.database()->tables().live("LAYER");
-                            {
-                                const AcDbObjectPointer<AcDbLayerTableRecord> layer{layers.back(), AcDb::kForWrite};
-                                layer->setIsFrozen(!layer->isFrozen());
-                            }
-                            acDocManagerPtr()->unlockDocument(&document);
-                        });
-    }
     QString title() { return window().tabs().tabText(window().tabs().currentIndex()); }
 };
 
@@ -97,11 +81,11 @@ TEST_F(Documents, TheMarkGoesWithSavingAndTakingBack)
 {
     open("a.dxf", lineDrawing());
     EXPECT_EQ(title(), "a.dxf");
-    changeDrawing();
+    changeLayer();
     EXPECT_EQ(title(), "* a.dxf");
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(title(), "a.dxf");
-    changeDrawing();
+    changeLayer();
     key(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(title(), "a.dxf");
     EXPECT_NE(folder().read("a.dxf"), lineDrawing());
@@ -113,7 +97,7 @@ TEST_F(Documents, TheMarkGoesWithSavingAndTakingBack)
 TEST_F(Documents, AFailedSaveKeepsTheMarkAndSaysWhy)
 {
     open("a.dxf", lineDrawing());
-    changeDrawing();
+    changeLayer();
     m_faults.failingWrites[path("a.dxf")] = 100;
     QString said;
     answer("Close", &said);
@@ -126,7 +110,7 @@ TEST_F(Documents, AFailedSaveKeepsTheMarkAndSaysWhy)
 TEST_F(Documents, ClosingAsksAboutChanges)
 {
     open("a.dxf", lineDrawing());
-    changeDrawing();
+    changeLayer();
     answer("Cancel");
     key(Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(window().tabs().count(), 1);
@@ -138,7 +122,7 @@ TEST_F(Documents, ClosingAsksAboutChanges)
     restart();
     openFile(path("a.dxf"));
     const std::string saved = folder().read("a.dxf");
-    changeDrawing();
+    changeLayer();
     answer("Don't save");
     window().close();
     EXPECT_FALSE(window().isVisible());
@@ -156,7 +140,7 @@ TEST_F(Documents, AnotherProgramsChangeIsOfferedAndNotOverwritten)
     waitFor([&] { return !said.isEmpty(); });
     waitFor([this] { return tab().document()->database().store().file.view().find("NEW") != std::string_view::npos; });
 
-    changeDrawing();
+    changeLayer();
     said.clear();
     answer("Keep mine", &said);
     folder().write("a.dxf", lineDrawing());
@@ -175,7 +159,7 @@ TEST_F(Documents, AnotherProgramsChangeIsOfferedAndNotOverwritten)
 TEST_F(Documents, AVanishedFileIsSavedAgain)
 {
     open("a.dxf", lineDrawing());
-    changeDrawing();
+    changeLayer();
     std::filesystem::remove(path("a.dxf"));
     waitFor([this] { return history().contains("is gone"); });
     key(Qt::Key_S, Qt::ControlModifier);

@@ -1,20 +1,26 @@
 #include "desktop/window/window_test.h"
 
 #include "desktop/command/command_line.h"
+#include "desktop/documents/layer_changes.h"
+#include "host/db/database.h"
+#include "host/db/table/symbol_tables.h"
+#include "store/table_index.h"
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QTimer>
 
 using desktop::MainWindow;
 
 WindowTest::WindowTest()
 {
+    QObject::connect(&m_user, &QTimer::timeout, &m_user, [this] { lookForBox(); });
+    m_user.start(1);
     start();
 }
 
 WindowTest::~WindowTest()
 {
+    EXPECT_TRUE(m_acts.empty()) << "a question was not asked";
     m_window.reset();
     EXPECT_EQ(ledger().describe(), "");
     ledger() = {};
@@ -57,18 +63,46 @@ void WindowTest::waitFor(const std::function<bool()>& condition)
 
 void WindowTest::whenAsked(const std::function<void(QWidget& box)>& act)
 {
-    auto* timer = new QTimer{m_window.get()};
-    QObject::connect(timer, &QTimer::timeout, timer,
-                     [timer, act]
-                     {
-                         QWidget* box = QApplication::activeModalWidget();
-                         if (box == nullptr || !box->isVisible() || box->objectName() == "working")
-                             return;
-                         timer->stop();
-                         timer->deleteLater();
-                         act(*box);
-                     });
-    timer->start(1);
+    m_acts.push_back(act);
+}
+
+/// A box is answered once: one that stays open was not.
+void WindowTest::lookForBox()
+{
+    constexpr int kPatience = 10'000; ///< milliseconds before a question that no test answers is given up
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr || !box->isVisible() || box->objectName() == "working" || box == m_answered)
+        return m_unanswered.invalidate();
+    if (!m_unanswered.isValid())
+        m_unanswered.start();
+    if (m_acts.empty() && m_unanswered.hasExpired(kPatience))
+    {
+        const auto* message = dynamic_cast<const QMessageBox*>(box);
+        ADD_FAILURE() << "nobody answers " << (message != nullptr ? message->text().toStdString() : "a dialog");
+        box->close();
+    }
+    if (m_acts.empty())
+        return;
+    m_answered = box;
+    const std::function<void(QWidget&)> act = m_acts.front();
+    m_acts.pop_front();
+    act(*box);
+}
+
+void WindowTest::changeLayer()
+{
+    window().change("layer",
+                    [this]
+                    {
+                        const AcDbObjectId id = tab().document()->database().tables().live("LAYER").back();
+                        desktop::setLayersOff({id}, !isLayerOff());
+                    });
+}
+
+bool WindowTest::isLayerOff()
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer{tab().document()->database().tables().live("LAYER").back()};
+    return layer->isOff();
 }
 
 void WindowTest::answer(const QString& button, QString* seen)

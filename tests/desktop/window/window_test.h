@@ -7,9 +7,13 @@
 #include "support/test_drawing.h"
 
 #include <QAbstractButton>
+#include <QElapsedTimer>
+#include <QPointer>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -53,13 +57,16 @@ protected:
 
     /// Until `condition` holds; a test that waits too long fails.
     static void waitFor(const std::function<bool()>& condition);
-    /// What the user does with the next box that comes up: does so when it is there.
+    /// What the user does with the next box that comes up, the one behind it and so on: each does so when it is there.
     void whenAsked(const std::function<void(QWidget& box)>& act);
     /// The user presses a button of the next box, by its text. `seen` receives what the box said.
     void answer(const QString& button, QString* seen = nullptr);
     /// Types on the keyboard of the widget that has the focus.
     void type(const QString& text);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// A change of the drawing in front: its last layer goes off, or on.
+    void changeLayer();
+    bool isLayerOff();
     template <class Widget>
     Widget& find(const char* name)
     {
@@ -75,8 +82,13 @@ protected:
 
 private:
     void start();
+    void lookForBox();
     QWidget& focused();
 
     TempFolder m_folder;
     std::unique_ptr<desktop::MainWindow> m_window;
+    std::deque<std::function<void(QWidget&)>> m_acts; ///< for the boxes to come
+    QTimer m_user;
+    QElapsedTimer m_unanswered;   ///< since a box came up
+    QPointer<QWidget> m_answered; ///< the box at hand, which is done with
 };
