@@ -1,10 +1,11 @@
 #include "desktop/command/zoom_command.h"
 
+#include "desktop/command/interpreter.h"
 #include "desktop/documents/document_tab.h"
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
-#include "desktop/view/drawing_view.h"
-#include "desktop/window/main_window.h"
+#include "desktop/workspace/workspace.h"
+#include "host/app/session.h"
 
 namespace desktop
 {
@@ -19,30 +20,30 @@ QString textOf(const picture::Vertex& point)
 }
 
 /// Has the host zoom as it does for its own commands, so that Zoom p finds the way back.
-void zoom(MainWindow& window, const QString& options)
+void zoom(Workspace& workspace, const QString& options)
 {
-    window.perform(
+    workspace.perform(
         [&]
         {
-            if (DocumentTab* tab = window.currentTab())
+            if (DocumentTab* tab = workspace.currentTab())
                 tab->showModelSpace();
-            if (!window.desk().session().runCommand(u"zoom " + toHost(options)))
-                window.say(msg("%1 is no option of ZOOM").arg(options));
+            if (!workspace.session().runCommand(u"zoom " + toHost(options)))
+                workspace.say(msg("%1 is no option of ZOOM").arg(options));
         });
 }
 
 } // namespace
 
-void startZoom(MainWindow& window)
+void startZoom(Workspace& workspace, Interpreter& interpreter)
 {
-    window.interpreter().askPoint(
+    interpreter.askPoint(
         msg("Corner of a window, or [e = everything / p = previous]:"),
-        [&window](const picture::Vertex& first)
+        [&workspace, &interpreter](const picture::Vertex& first)
         {
-            window.interpreter().askPoint(msg("Opposite corner:"), [&window, first](const picture::Vertex& second)
-                                          { zoom(window, textOf(first) + " " + textOf(second)); });
+            interpreter.askPoint(msg("Opposite corner:"), [&workspace, first](const picture::Vertex& second)
+                                 { zoom(workspace, textOf(first) + " " + textOf(second)); });
         },
-        [&window](const QString& word) { zoom(window, word); });
+        [&workspace](const QString& word) { zoom(workspace, word); });
 }
 
 } // namespace desktop

@@ -3,9 +3,10 @@
 namespace desktop
 {
 
-class MainWindow;
+class Interpreter;
+class Workspace;
 
 /// The command ZOOM: everything, what was shown before, or a window by two corners.
-void startZoom(MainWindow& window);
+void startZoom(Workspace& workspace, Interpreter& interpreter);
 
 } // namespace desktop

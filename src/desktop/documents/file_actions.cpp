@@ -4,11 +4,12 @@
 #include "desktop/documents/saving.h"
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
-#include "desktop/window/main_window.h"
-#include "desktop/window/recent_files.h"
-#include "desktop/window/working.h"
+#include "desktop/workspace/recent_files.h"
+#include "desktop/workspace/working.h"
+#include "desktop/workspace/workspace.h"
 #include "disk/replace.h"
 #include "files/dxf/save.h"
+#include "host/app/session.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -36,43 +37,43 @@ std::string proposalFor(const std::string& path)
 
 } // namespace
 
-FileActions::FileActions(MainWindow& window)
-    : m_window{window}, m_watched{[this] { m_window.gate().whenOpen([this] { lookAtDisk(); }); }}
+FileActions::FileActions(Workspace& workspace)
+    : m_workspace{workspace}, m_watched{[this] { m_workspace.gate().whenOpen([this] { lookAtDisk(); }); }}
 {
 }
 
 void FileActions::askToOpen()
 {
     const std::vector<std::string> recent = recentFiles();
-    const DocumentTab* front = m_window.currentTab();
+    const DocumentTab* front = m_workspace.currentTab();
     const std::filesystem::path near = front != nullptr ? front->path() : recent.empty() ? "" : recent.front();
-    for (const std::string& path : m_window.ask().drawingsToOpen(near.parent_path().string()))
+    for (const std::string& path : m_workspace.ask().drawingsToOpen(near.parent_path().string()))
         open(path);
 }
 
 void FileActions::open(const std::string& path)
 {
-    if (DocumentTab* tab = m_window.tabOf(path))
-        return m_window.showTab(*tab);
-    startReading(m_window.addTab(path), path);
+    if (DocumentTab* tab = m_workspace.tabOf(path))
+        return m_workspace.showTab(*tab);
+    startReading(m_workspace.addTab(path), path);
 }
 
 void FileActions::startReading(DocumentTab& tab, const std::string& path)
 {
     const Jobs::Handle job =
-        m_window.jobs().start<ReadDrawing>([path](const std::stop_token&) { return readDrawing(path); },
-                                           [this, tabThen = QPointer{&tab}](Outcome<ReadDrawing> outcome)
-                                           {
-                                               // Shared, since what waits at the gate has to be copied.
-                                               const auto read =
-                                                   std::make_shared<Outcome<ReadDrawing>>(std::move(outcome));
-                                               m_window.gate().whenOpen(
-                                                   [this, tabThen, read]
-                                                   {
-                                                       if (tabThen != nullptr)
-                                                           finishReading(*tabThen, std::move(*read));
-                                                   });
-                                           });
+        m_workspace.jobs().start<ReadDrawing>([path](const std::stop_token&) { return readDrawing(path); },
+                                              [this, tabThen = QPointer{&tab}](Outcome<ReadDrawing> outcome)
+                                              {
+                                                  // Shared, since what waits at the gate has to be copied.
+                                                  const auto read =
+                                                      std::make_shared<Outcome<ReadDrawing>>(std::move(outcome));
+                                                  m_workspace.gate().whenOpen(
+                                                      [this, tabThen, read]
+                                                      {
+                                                          if (tabThen != nullptr)
+                                                              finishReading(*tabThen, std::move(*read));
+                                                      });
+                                              });
     tab.setReading([job] { (*job)(); });
 }
 
@@ -83,22 +84,21 @@ void FileActions::finishReading(DocumentTab& tab, Outcome<ReadDrawing> outcome)
     if (!outcome.result)
     {
         if (!wasOpen)
-            m_window.removeTab(tab);
+            m_workspace.removeTab(tab);
         if (outcome.cancelled)
-            m_window.say(msg("Reading was cancelled"));
+            m_workspace.say(msg("Reading was cancelled"));
         else
-            m_window.ask().tell(msg("The drawing could not be opened"), QString::fromUtf8(outcome.reason.c_str()));
+            m_workspace.ask().tell(msg("The drawing could not be opened"), QString::fromUtf8(outcome.reason.c_str()));
         return;
     }
-    m_window.perform(
+    m_workspace.perform(
         [&]
         {
             tab.setDocument(std::make_unique<OpenDocument>(std::move(*outcome.result)));
             addRecentFile(tab.path());
             if (tab.document()->needsName())
-                m_window.say(msg("A copy, converted from DWG: saved, it becomes a DXF"));
-            if (onOpened)
-                onOpened(tab);
+                m_workspace.say(msg("A copy, converted from DWG: saved, it becomes a DXF"));
+            m_workspace.opened(tab);
         });
     lookAtDisk();
 }
@@ -114,13 +114,15 @@ bool FileActions::saveAs(DocumentTab& tab)
 {
     if (tab.document() == nullptr)
         return true;
-    const std::string path = m_window.ask().fileToSave(msg("Save as"), proposalFor(tab.path()), "DXF (*.dxf)", "dxf");
+    const std::string path =
+        m_workspace.ask().fileToSave(msg("Save as"), proposalFor(tab.path()), "DXF (*.dxf)", "dxf");
     if (path.empty())
         return false;
-    DocumentTab* other = m_window.tabOf(path);
+    DocumentTab* other = m_workspace.tabOf(path);
     if (other != nullptr && other != &tab)
     {
-        m_window.ask().tell(msg("Save as"), msg("%1 is open in another tab. Choose another name.").arg(nameOf(path)));
+        m_workspace.ask().tell(msg("Save as"),
+                               msg("%1 is open in another tab. Choose another name.").arg(nameOf(path)));
         return false;
     }
     return saveTo(tab, path);
@@ -142,7 +144,7 @@ bool FileActions::saveTo(DocumentTab& tab, const std::string& path)
 /// The file is not as the drawing knows it.
 bool FileActions::settleConflict(DocumentTab& tab, const std::string& path)
 {
-    const int answer = m_window.ask().choose(
+    const int answer = m_workspace.ask().choose(
         msg("The file was changed"), msg("%1 was changed by another program since it was opened.").arg(nameOf(path)),
         {msg("Save as…"), msg("Overwrite"), msg("Cancel")});
     return answer == 0 ? saveAs(tab) : answer == 1 && write(tab, path, {});
@@ -153,10 +155,10 @@ bool FileActions::write(DocumentTab& tab, const std::string& path, const disk::F
     OpenDocument& document = *tab.document();
     files::requireSavable(document.database(), path);
     const auto snapshot = std::make_shared<const Snapshot>(document.database());
-    const SaveRequest request{path, seen, &m_window.desk().session().faults()};
+    const SaveRequest request{path, seen, &m_workspace.session().faults()};
     const auto isChanged = std::make_shared<bool>(false);
     Outcome<disk::FileStamp> outcome =
-        workOn<disk::FileStamp>(m_window, m_window.gate(), m_window.jobs(), msg("Saving %1 …").arg(nameOf(path)),
+        workOn<disk::FileStamp>(m_workspace, msg("Saving %1 …").arg(nameOf(path)),
                                 [snapshot, request, isChanged](const std::stop_token& stop)
                                 {
                                     try
@@ -171,23 +173,22 @@ bool FileActions::write(DocumentTab& tab, const std::string& path, const disk::F
                                 });
     if (outcome.cancelled)
     {
-        m_window.say(msg("Saving was cancelled"));
+        m_workspace.say(msg("Saving was cancelled"));
         return false;
     }
     if (*isChanged)
         throw disk::ChangedFile{path};
     if (!outcome.result)
     {
-        m_window.ask().tell(msg("The drawing was not saved"), QString::fromUtf8(outcome.reason.c_str()),
-                            msg("It stays open with all its changes."));
+        m_workspace.ask().tell(msg("The drawing was not saved"), QString::fromUtf8(outcome.reason.c_str()),
+                               msg("It stays open with all its changes."));
         return false;
     }
     document.saved(path, *outcome.result);
     addRecentFile(path);
-    m_window.say(msg("Saved %1").arg(shownPath(path)));
+    m_workspace.say(msg("Saved %1").arg(shownPath(path)));
     renewWatch();
-    if (onSaved)
-        onSaved(tab);
+    m_workspace.saved(tab);
     return true;
 }
 
@@ -195,19 +196,19 @@ bool FileActions::close(DocumentTab& tab)
 {
     if (tab.document() != nullptr && tab.document()->isChanged())
     {
-        m_window.showTab(tab);
-        const Ask::Saving answer = m_window.ask().saveChanges(nameOf(tab.path()));
+        m_workspace.showTab(tab);
+        const Ask::Saving answer = m_workspace.ask().saveChanges(nameOf(tab.path()));
         if (answer == Ask::Saving::kCancel || (answer == Ask::Saving::kSave && !save(tab)))
             return false;
     }
     tab.cancelReading();
-    m_window.removeTab(tab);
+    m_workspace.removeTab(tab);
     return true;
 }
 
 bool FileActions::closeAll()
 {
-    while (DocumentTab* tab = m_window.currentTab())
+    while (DocumentTab* tab = m_workspace.currentTab())
         if (!close(*tab))
             return false;
     return true;
@@ -221,7 +222,7 @@ void FileActions::reload(DocumentTab& tab)
 void FileActions::renewWatch()
 {
     std::set<std::string> paths;
-    for (const DocumentTab* tab : m_window.openTabs())
+    for (const DocumentTab* tab : m_workspace.openTabs())
         paths.insert(tab->path());
     m_watched.watch(paths);
 }
@@ -229,27 +230,27 @@ void FileActions::renewWatch()
 void FileActions::lookAtDisk()
 {
     renewWatch();
-    for (DocumentTab* tab : m_window.openTabs())
+    for (DocumentTab* tab : m_workspace.openTabs())
         if (tab->document()->takeNewsOfFile())
-            m_window.perform([this, tab] { offerReload(*tab); });
+            m_workspace.perform([this, tab] { offerReload(*tab); });
 }
 
 void FileActions::offerReload(DocumentTab& tab)
 {
     const QString name = nameOf(tab.path());
     if (!disk::stampOf(tab.path()).exists())
-        return m_window.say(msg("The file %1 is gone; the drawing is still open here").arg(name));
-    m_window.showTab(tab);
+        return m_workspace.say(msg("The file %1 is gone; the drawing is still open here").arg(name));
+    m_workspace.showTab(tab);
     const QString title = msg("The file was changed");
     const QString text = msg("%1 was changed by another program.").arg(name);
     if (!tab.document()->isChanged())
     {
-        if (m_window.ask().choose(title, text, {msg("Reload"), msg("Not now")}) == 0)
+        if (m_workspace.ask().choose(title, text, {msg("Reload"), msg("Not now")}) == 0)
             reload(tab);
         return;
     }
-    const int answer = m_window.ask().choose(title, text + "\n" + msg("The drawing has changes of its own here."),
-                                             {msg("Save as…"), msg("Reload, lose mine"), msg("Keep mine")});
+    const int answer = m_workspace.ask().choose(title, text + "\n" + msg("The drawing has changes of its own here."),
+                                                {msg("Save as…"), msg("Reload, lose mine"), msg("Keep mine")});
     if (answer == 0)
         saveAs(tab);
     else if (answer == 1)

@@ -1,24 +1,23 @@
 #pragma once
 
-#include "desktop/documents/jobs.h"
 #include "desktop/documents/reading.h"
 #include "desktop/documents/watched_files.h"
+#include "desktop/workspace/jobs.h"
 
-#include <functional>
 #include <string>
 
 namespace desktop
 {
 
 class DocumentTab;
-class MainWindow;
+class Workspace;
 
 /// What is done with drawings and their files: open, save, close, and what other programs do to them meanwhile. Called
-/// while the window does something for the user (`MainWindow::perform`); tells failures itself.
+/// while the window does something for the user (`Workspace::perform`); tells failures itself.
 class FileActions
 {
 public:
-    explicit FileActions(MainWindow& window);
+    explicit FileActions(Workspace& workspace);
 
     void askToOpen();
     /// Opens a drawing in a tab of its own, or shows the tab that it has.
@@ -32,11 +31,6 @@ public:
     /// Reads the file anew; what was changed in the drawing is lost.
     void reload(DocumentTab& tab);
 
-    /// A tab got its drawing.
-    std::function<void(DocumentTab&)> onOpened;
-    /// A drawing was saved.
-    std::function<void(DocumentTab&)> onSaved;
-
 private:
     void startReading(DocumentTab& tab, const std::string& path);
     void finishReading(DocumentTab& tab, Outcome<ReadDrawing> outcome);
@@ -47,7 +41,7 @@ private:
     void lookAtDisk();
     void offerReload(DocumentTab& tab);
 
-    MainWindow& m_window;
+    Workspace& m_workspace;
     WatchedFiles m_watched;
 };
 

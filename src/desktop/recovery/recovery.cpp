@@ -3,9 +3,10 @@
 #include "desktop/documents/document_tab.h"
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
-#include "desktop/window/main_window.h"
-#include "desktop/window/working.h"
+#include "desktop/workspace/working.h"
+#include "desktop/workspace/workspace.h"
 #include "files/dxf/reader.h"
+#include "host/app/session.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -32,16 +33,16 @@ void remove(const std::string& file)
 
 } // namespace
 
-Recovery::Recovery(MainWindow& window) : m_window{window}
+Recovery::Recovery(Workspace& workspace) : m_workspace{workspace}
 {
     const int minutes = std::max(1, QSettings{}.value("recoveryMinutes", kMinutes).toInt());
     m_clock.setInterval(std::chrono::minutes{minutes});
-    QObject::connect(&m_clock, &QTimer::timeout, &m_clock, [this] { m_window.gate().whenOpen([this] { keep(); }); });
+    QObject::connect(&m_clock, &QTimer::timeout, &m_clock, [this] { m_workspace.gate().whenOpen([this] { keep(); }); });
     m_clock.start();
     constexpr int kSoon = 15'000; ///< milliseconds
     m_soon.setSingleShot(true);
     m_soon.setInterval(kSoon);
-    QObject::connect(&m_soon, &QTimer::timeout, &m_soon, [this] { m_window.gate().whenOpen([this] { keep(); }); });
+    QObject::connect(&m_soon, &QTimer::timeout, &m_soon, [this] { m_workspace.gate().whenOpen([this] { keep(); }); });
 }
 
 RecoveryNote Recovery::noteOf(OpenDocument& document)
@@ -56,7 +57,7 @@ RecoveryNote Recovery::noteOf(OpenDocument& document)
 
 void Recovery::keepNow() noexcept
 {
-    for (DocumentTab* tab : m_window.openTabs())
+    for (DocumentTab* tab : m_workspace.openTabs())
         try
         {
             if (tab->document()->isChanged() && !recoveryFolder().empty())
@@ -70,7 +71,7 @@ void Recovery::keepNow() noexcept
 
 void Recovery::keep()
 {
-    for (DocumentTab* tab : m_window.openTabs())
+    for (DocumentTab* tab : m_workspace.openTabs())
     {
         const auto known = m_kept.find(tab);
         const uint64_t changeCount = tab->document()->database().changeCount();
@@ -91,8 +92,8 @@ void Recovery::write(DocumentTab& tab)
     Kept& kept = m_kept[&tab];
     kept.changeCount = document.database().changeCount();
     const auto snapshot = std::make_shared<const Snapshot>(document.database());
-    disk::Faults* faults = &m_window.desk().session().faults();
-    m_window.jobs().start<bool>(
+    disk::Faults* faults = &m_workspace.session().faults();
+    m_workspace.jobs().start<bool>(
         [snapshot, note, faults](const std::stop_token&)
         {
             writeRecovery(*snapshot, note, *faults);
@@ -104,7 +105,7 @@ void Recovery::write(DocumentTab& tab)
             if (!outcome.result)
             {
                 if (!std::exchange(m_hasComplained, true))
-                    m_window.say(
+                    m_workspace.say(
                         msg("What is not saved could not be kept for recovery: %1").arg(outcome.reason.c_str()));
                 return;
             }
@@ -134,8 +135,8 @@ void Recovery::offer()
         const QString text = msg("%1 had changes that were not saved when the program ended. They were kept on %2.")
                                  .arg(shownPath(note.path), when) +
                              (isSame ? QString{} : "\n" + msg("The file itself is another one since then."));
-        const int answer =
-            m_window.ask().choose(msg("Recover changes?"), text, {msg("Recover"), msg("Throw away"), msg("Not now")});
+        const int answer = m_workspace.ask().choose(msg("Recover changes?"), text,
+                                                    {msg("Recover"), msg("Throw away"), msg("Not now")});
         if (answer == 0)
             recover(note);
         else if (answer == 1)
@@ -146,11 +147,11 @@ void Recovery::offer()
 /// Opens the drawing as it was kept, in the place of its file, and marked as changed.
 void Recovery::recover(const RecoveryNote& note)
 {
-    DocumentTab* tab = m_window.tabOf(note.path);
+    DocumentTab* tab = m_workspace.tabOf(note.path);
     if (tab != nullptr && (tab->document() == nullptr || tab->document()->isChanged()))
         return;
     Outcome<ReadDrawing> outcome =
-        workOn<ReadDrawing>(m_window, m_window.gate(), m_window.jobs(), msg("Reading %1 …").arg(shownPath(note.path)),
+        workOn<ReadDrawing>(m_workspace, msg("Reading %1 …").arg(shownPath(note.path)),
                             [note](const std::stop_token&)
                             {
                                 ReadDrawing read{note.path, note.seen, {}, note.isConverted};
@@ -161,15 +162,16 @@ void Recovery::recover(const RecoveryNote& note)
     if (!outcome.result)
     {
         if (!outcome.cancelled)
-            m_window.ask().tell(msg("The changes could not be recovered"), QString::fromUtf8(outcome.reason.c_str()));
+            m_workspace.ask().tell(msg("The changes could not be recovered"),
+                                   QString::fromUtf8(outcome.reason.c_str()));
         return;
     }
     if (tab == nullptr)
-        tab = &m_window.addTab(note.path);
+        tab = &m_workspace.addTab(note.path);
     tab->setDocument(std::make_unique<OpenDocument>(std::move(*outcome.result)));
     tab->document()->undo().setUnsaved();
     m_kept[tab].recovered = note.file;
-    m_window.files().onOpened(*tab);
+    m_workspace.opened(*tab);
 }
 
 } // namespace desktop

@@ -11,15 +11,15 @@ namespace desktop
 {
 
 class DocumentTab;
-class MainWindow;
 class OpenDocument;
+class Workspace;
 
 /// Keeps what is changed and not saved in recovery files, and offers those that an earlier run of the program left
 /// because it did not end by itself.
 class Recovery
 {
 public:
-    explicit Recovery(MainWindow& window);
+    explicit Recovery(Workspace& workspace);
 
     /// Offers what was left behind, one after the other. Called while the window does something for the user.
     void offer();
@@ -44,7 +44,7 @@ private:
     void write(DocumentTab& tab);
     static RecoveryNote noteOf(OpenDocument& document);
 
-    MainWindow& m_window;
+    Workspace& m_workspace;
     QTimer m_clock;
     QTimer m_soon;
     std::map<const DocumentTab*, Kept> m_kept;

@@ -5,8 +5,8 @@
 #include "desktop/language/qt_text.h"
 #include "desktop/render/picture_dialog.h"
 #include "desktop/render/picture_job.h"
-#include "desktop/window/main_window.h"
-#include "desktop/window/working.h"
+#include "desktop/workspace/working.h"
+#include "desktop/workspace/workspace.h"
 #include "host/companion/alignment.h"
 #include "picture/page/sections.h"
 
@@ -41,19 +41,19 @@ PictureSource sourceOf(DocumentTab& tab)
     return {std::make_shared<const Snapshot>(tab.document()->database()), tab.path()};
 }
 
-void tellNotes(MainWindow& window, const PicturesMade& made)
+void tellNotes(Workspace& workspace, const PicturesMade& made)
 {
     for (const std::string& note : made.notes)
-        window.say(msg("Not shown as it is: %1").arg(QString::fromStdString(note)));
+        workspace.say(msg("Not shown as it is: %1").arg(QString::fromStdString(note)));
 }
 
 /// False when there is nothing to tell of; tells why nothing was made.
-bool isMade(MainWindow& window, const Outcome<PicturesMade>& outcome)
+bool isMade(Workspace& workspace, const Outcome<PicturesMade>& outcome)
 {
     if (outcome.cancelled)
-        window.say(msg("Nothing was made: cancelled"));
+        workspace.say(msg("Nothing was made: cancelled"));
     else if (!outcome.result)
-        window.ask().tell(msg("The pictures could not be made"), QString::fromUtf8(outcome.reason.c_str()));
+        workspace.ask().tell(msg("The pictures could not be made"), QString::fromUtf8(outcome.reason.c_str()));
     return outcome.result.has_value();
 }
 
@@ -64,54 +64,55 @@ const char* endingOfKind(PictureKind kind)
 
 } // namespace
 
-void exportDrawing(MainWindow& window)
+void exportDrawing(Workspace& workspace)
 {
-    DocumentTab& tab = *window.currentTab();
-    PictureDialog dialog{&window, describe(tab), false};
+    DocumentTab& tab = *workspace.currentTab();
+    PictureDialog dialog{&workspace.window(), describe(tab), false};
     if (dialog.exec() != QDialog::Accepted)
         return;
     RenderArguments arguments = dialog.arguments();
     const QString ending = endingOfKind(dialog.kind());
     std::filesystem::path proposal{tab.path()};
     proposal.replace_extension("." + ending.toStdString());
-    arguments.output = window.ask().fileToSave(msg("Export pictures"), proposal.string(),
-                                               ending.toUpper() + " (*." + ending + ")", ending);
+    arguments.output = workspace.ask().fileToSave(msg("Export pictures"), proposal.string(),
+                                                  ending.toUpper() + " (*." + ending + ")", ending);
     if (arguments.output.empty())
         return;
     const PictureSource source = sourceOf(tab);
-    const Outcome<PicturesMade> outcome = workOn<PicturesMade>(
-        window, window.gate(), window.jobs(), msg("Making pictures …"),
-        [source, arguments](const std::stop_token& stop) { return exportPictures(source, arguments, stop); });
-    if (!isMade(window, outcome))
+    const Outcome<PicturesMade> outcome = workOn<PicturesMade>(workspace, msg("Making pictures …"),
+                                                               [source, arguments](const std::stop_token& stop)
+                                                               { return exportPictures(source, arguments, stop); });
+    if (!isMade(workspace, outcome))
         return;
-    tellNotes(window, *outcome.result);
+    tellNotes(workspace, *outcome.result);
     const std::vector<std::string>& files = outcome.result->files;
-    window.say(files.size() == 1 ? msg("Made %1").arg(shownPath(files.front()))
-                                 : msg("Made %1 files, %2 the first").arg(files.size()).arg(shownPath(files.front())));
+    workspace.say(files.size() == 1
+                      ? msg("Made %1").arg(shownPath(files.front()))
+                      : msg("Made %1 files, %2 the first").arg(files.size()).arg(shownPath(files.front())));
 }
 
-void printDrawing(MainWindow& window)
+void printDrawing(Workspace& workspace)
 {
-    DocumentTab& tab = *window.currentTab();
-    PictureDialog dialog{&window, describe(tab), true};
+    DocumentTab& tab = *workspace.currentTab();
+    PictureDialog dialog{&workspace.window(), describe(tab), true};
     if (dialog.exec() != QDialog::Accepted)
         return;
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageOrientation(QPageLayout::Landscape);
     printer->setDocName(shownPath(tab.path()));
-    QPrintDialog printDialog{printer.get(), &window};
+    QPrintDialog printDialog{printer.get(), &workspace.window()};
     if (printDialog.exec() != QDialog::Accepted)
         return;
     printer->setFullPage(true);
     const PictureSource source = sourceOf(tab);
     const RenderArguments arguments = dialog.arguments();
-    const Outcome<PicturesMade> outcome = workOn<PicturesMade>(window, window.gate(), window.jobs(), msg("Printing …"),
+    const Outcome<PicturesMade> outcome = workOn<PicturesMade>(workspace, msg("Printing …"),
                                                                [source, arguments, printer](const std::stop_token&)
                                                                { return printPictures(source, arguments, *printer); });
-    if (isMade(window, outcome))
+    if (isMade(workspace, outcome))
     {
-        tellNotes(window, *outcome.result);
-        window.say(msg("Handed to the printer"));
+        tellNotes(workspace, *outcome.result);
+        workspace.say(msg("Handed to the printer"));
     }
 }
 

@@ -3,11 +3,11 @@
 namespace desktop
 {
 
-class MainWindow;
+class Workspace;
 
 /// Asks for pictures of the drawing in front and writes them, or prints them. Called while the window does something
 /// for the user; tell failures themselves.
-void exportDrawing(MainWindow& window);
-void printDrawing(MainWindow& window);
+void exportDrawing(Workspace& workspace);
+void printDrawing(Workspace& workspace);
 
 } // namespace desktop

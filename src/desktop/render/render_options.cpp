@@ -1,8 +1,4 @@
-<<<<<<<< HEAD:src/desktop/render/render_options.cpp
 #include "desktop/render/render_options.h"
-========
-#include "desktop/render/render_options.h"
->>>>>>>> aba9512 (Window: pictures and print, recovery after a crash, one window for all):src/desktop/render/render_options.cpp
 
 #include <algorithm>
 #include <charconv>

@@ -8,10 +8,9 @@
 #include "desktop/panels/layer_panel.h"
 #include "desktop/panels/palette_dialog.h"
 #include "desktop/panels/property_panel.h"
+#include "desktop/panels/section_actions.h"
 #include "desktop/recovery/recovery.h"
-#include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
-#include "desktop/window/user_actions.h"
 #include "disk/replace.h"
 #include "picture/page/sections.h"
 
@@ -47,7 +46,7 @@ std::vector<std::string> drawingsIn(const QMimeData& data)
 } // namespace
 
 MainWindow::MainWindow(host::SessionOptions options)
-    : m_ask{*this, m_gate}, m_desk{std::move(options)}, m_theme{storedTheme()}, m_files{*this}
+    : Workspace{static_cast<QWidget&>(*this)}, m_desk{std::move(options)}, m_theme{storedTheme()}, m_files{*this}
 {
     setWindowTitle("Veloxa");
     setAcceptDrops(true);
@@ -56,21 +55,10 @@ MainWindow::MainWindow(host::SessionOptions options)
     buildPanels();
     buildStatusBar();
     m_recovery = std::make_unique<Recovery>(*this);
-    addUserActions(*this);
     connectCommandLine();
     connectFindBar();
     m_desk.frontEnd().onDrawingChanged = [this] { m_hostViewMoved = true; };
-    m_desk.frontEnd().onMessage = [this](const std::u16string& text) { m_ask.tell("Veloxa", toQString(text)); };
-    m_files.onOpened = [this](DocumentTab& tab)
-    {
-        connectTab(tab);
-        if (!tab.document()->isChanged())
-            m_recovery->drop(tab);
-        if (!picture::alignmentsOf(tab.document()->database()).empty())
-            findChild<QDockWidget*>("sectionsPanel")->show();
-        frontChanged();
-    };
-    m_files.onSaved = [this](DocumentTab& tab) { m_recovery->drop(tab); };
+    m_desk.frontEnd().onMessage = [this](const std::u16string& text) { ask().tell("Veloxa", toQString(text)); };
     qApp->installEventFilter(this);
     resize(1400, 900);
     resizeDocks({findChild<QDockWidget*>("sectionsPanel"), findChild<QDockWidget*>("propertiesPanel")}, {270, 280},
@@ -81,6 +69,7 @@ MainWindow::MainWindow(host::SessionOptions options)
 
 MainWindow::~MainWindow()
 {
+    jobs().wait();
     qApp->removeEventFilter(this);
     const QSignalBlocker quiet{m_tabs};
     while (m_tabs->count() > 0)
@@ -126,7 +115,7 @@ void MainWindow::buildPanels()
                 [this](bool isVisible)
                 {
                     if (isVisible)
-                        m_gate.whenOpen([this] { refreshPanels(); });
+                        gate().whenOpen([this] { refreshPanels(); });
                 });
         return dock;
     };
@@ -134,13 +123,14 @@ void MainWindow::buildPanels()
     m_layers = new LayerPanel;
     m_sectionPanel = new SectionPanel;
     m_sectionActions = std::make_unique<SectionActions>(*this, *m_sectionPanel);
+    m_sectionActions->onSection = [this](const QString& name) { m_sectionName->setText(name); };
     addPanel("sectionsPanel", msg("Cross-sections"), m_sectionPanel, Qt::LeftDockWidgetArea)->hide();
     addPanel("propertiesPanel", msg("Properties"), m_properties, Qt::RightDockWidgetArea);
     addPanel("layersPanel", msg("Layers"), m_layers, Qt::RightDockWidgetArea);
     m_layers->change = [this](const QString& title, const std::function<void()>& act) { change(title, act); };
     m_layers->askColor = [this](int current)
     {
-        const Gate::Hold hold{m_gate};
+        const Gate::Hold hold{gate()};
         return choosePaletteColor(*this, current);
     };
 }
@@ -205,6 +195,21 @@ void MainWindow::connectFindBar()
     };
 }
 
+void MainWindow::opened(DocumentTab& tab)
+{
+    connectTab(tab);
+    if (!tab.document()->isChanged())
+        m_recovery->drop(tab);
+    if (!picture::alignmentsOf(tab.document()->database()).empty())
+        findChild<QDockWidget*>("sectionsPanel")->show();
+    frontChanged();
+}
+
+void MainWindow::saved(DocumentTab& tab)
+{
+    m_recovery->drop(tab);
+}
+
 void MainWindow::connectTab(DocumentTab& tab)
 {
     connectView(tab, tab.view());
@@ -257,18 +262,13 @@ void MainWindow::connectView(DocumentTab& tab, DrawingView& view)
             });
 }
 
-void MainWindow::showSectionName(const QString& name)
-{
-    m_sectionName->setText(name);
-}
-
 void MainWindow::perform(const std::function<void()>& action)
 {
-    if (!m_gate.isOpen())
+    if (!gate().isOpen())
         return say(msg("Something is being done already"));
     QString failure;
     {
-        const Gate::Hold hold{m_gate};
+        const Gate::Hold hold{gate()};
         try
         {
             action();
@@ -284,7 +284,7 @@ void MainWindow::perform(const std::function<void()>& action)
         drawingsMayHaveChanged();
     }
     if (!failure.isEmpty())
-        m_ask.tell("Veloxa", failure);
+        ask().tell("Veloxa", failure);
 }
 
 void MainWindow::change(const QString& title, const std::function<void()>& action)
@@ -364,7 +364,7 @@ DocumentTab* MainWindow::tabOf(const std::string& path) const
 
 void MainWindow::open(const std::vector<std::string>& paths)
 {
-    m_gate.whenOpen(
+    gate().whenOpen(
         [this, paths]
         {
             perform(
@@ -493,7 +493,7 @@ void MainWindow::togglePanel(const char* name)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    if (!m_gate.isOpen())
+    if (!gate().isOpen())
         return;
     perform(
         [this, event]
@@ -508,7 +508,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (m_gate.isOpen() && !drawingsIn(*event->mimeData()).empty())
+    if (gate().isOpen() && !drawingsIn(*event->mimeData()).empty())
         event->acceptProposedAction();
 }
 

@@ -3,10 +3,8 @@
 #include "desktop/command/interpreter.h"
 #include "desktop/desk/desk.h"
 #include "desktop/documents/file_actions.h"
-#include "desktop/documents/jobs.h"
-#include "desktop/window/ask.h"
-#include "desktop/window/gate.h"
 #include "desktop/window/theme.h"
+#include "desktop/workspace/workspace.h"
 
 #include <QMainWindow>
 
@@ -35,16 +33,12 @@ class SectionPanel;
 
 /// The program's window: drawings in tabs, with the panels beside them and the command line below. What the parts of
 /// the window have to do with one another goes through here.
-class MainWindow : public QMainWindow
+class MainWindow : public QMainWindow, public Workspace
 {
 public:
     explicit MainWindow(host::SessionOptions options = {});
     ~MainWindow() override;
 
-    Desk& desk() { return m_desk; }
-    Gate& gate() { return m_gate; }
-    Jobs& jobs() { return m_jobs; }
-    Ask& ask() { return m_ask; }
     FileActions& files() { return m_files; }
     Recovery& recovery() { return *m_recovery; }
     Interpreter& interpreter() { return m_interpreter; }
@@ -56,26 +50,20 @@ public:
     /// Opens drawings, each in a tab; one that is open already is shown. Waits while something is being done.
     void open(const std::vector<std::string>& paths);
 
-    /// Does something the user asked for: nothing else begins meanwhile, and a failure is told.
-    void perform(const std::function<void()>& action);
-    /// The same for what changes the drawing in front: it can be taken back as one, under that name.
-    void change(const QString& title, const std::function<void()>& action);
-    /// The section that is at hand, beside the coordinates.
-    void showSectionName(const QString& name);
-    /// Tells below the drawing, for a moment and in the list of what was done.
-    void say(const QString& text);
-
-    /// The tab in front; null when there is none.
-    DocumentTab* currentTab() const;
+    void perform(const std::function<void()>& action) override;
+    void change(const QString& title, const std::function<void()>& action) override;
+    void say(const QString& text) override;
+    host::Session& session() override { return m_desk.session(); }
+    DocumentTab* currentTab() const override;
+    std::vector<DocumentTab*> openTabs() const override;
+    DocumentTab* tabOf(const std::string& path) const override;
+    DocumentTab& addTab(const std::string& path) override;
+    void showTab(DocumentTab& tab) override;
+    void removeTab(DocumentTab& tab) override;
+    void opened(DocumentTab& tab) override;
+    void saved(DocumentTab& tab) override;
     /// The drawing in front; null when there is none, or it is not read yet.
     OpenDocument* currentDocument() const;
-    /// The tabs whose drawings are read.
-    std::vector<DocumentTab*> openTabs() const;
-    /// The tab of a file; null when it has none.
-    DocumentTab* tabOf(const std::string& path) const;
-    DocumentTab& addTab(const std::string& path);
-    void showTab(DocumentTab& tab);
-    void removeTab(DocumentTab& tab);
 
     void select(AcDbObjectId entity);
     /// Gives up what is begun: a question of a command, a tool, the selection.
@@ -111,8 +99,6 @@ private:
     void picked(AcDbObjectId entity, double x, double y);
     void boxed(DocumentTab& tab, const Box2d& box, bool isCrossing);
 
-    Gate m_gate;
-    Ask m_ask;
     Desk m_desk;
     Theme m_theme;
     Interpreter m_interpreter;
@@ -131,7 +117,6 @@ private:
     QLabel* m_place = nullptr;
     bool m_hostViewMoved = false; ///< by a command, and not shown yet
     FileActions m_files;
-    Jobs m_jobs; ///< last: its threads end before what they report to
 };
 
 } // namespace desktop

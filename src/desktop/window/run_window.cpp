@@ -5,7 +5,7 @@
 #include "desktop/render/render_options.h"
 #include "desktop/window/application.h"
 #include "desktop/window/end_signals.h"
-#include "desktop/window/main_window.h"
+#include "desktop/window/make_window.h"
 #include "desktop/window/single_instance.h"
 #include "disk/signals.h"
 
@@ -54,7 +54,8 @@ int runWindow(int& argc, char** argv, const std::vector<std::string>& drawings)
     chooseLanguage(languageOfEnvironment());
     if (handToRunningWindow(drawings))
         return 0;
-    MainWindow window;
+    const std::unique_ptr<MainWindow> made = makeWindow();
+    MainWindow& window = *made;
     application.onFailure = [&window](const QString& reason) { window.say(reason); };
     const SingleInstance instance{[&window](const std::vector<std::string>& wanted)
                                   {

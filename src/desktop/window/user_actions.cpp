@@ -6,11 +6,11 @@
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/panels/find_bar.h"
+#include "desktop/panels/section_actions.h"
 #include "desktop/render/picture_actions.h"
-#include "desktop/sections/section_actions.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/window/main_window.h"
-#include "desktop/window/recent_files.h"
+#include "desktop/workspace/recent_files.h"
 
 #include <QAction>
 #include <QMenuBar>
@@ -110,7 +110,7 @@ std::vector<UserAction> viewActions()
     return {
         {menu, "Zoom to &all", "", "", "Ctrl+0",
          [](MainWindow& w) { withTab(w, [](DocumentTab& tab) { tab.view().zoomExtents(); }); }},
-        {menu, "&Zoom…", "ZOOM", "Z", "", [](MainWindow& w) { startZoom(w); }},
+        {menu, "&Zoom…", "ZOOM", "Z", "", [](MainWindow& w) { startZoom(w, w.interpreter()); }},
         {menu, "Zoom to a &window", "ZW", "", "Ctrl+Shift+W",
          [](MainWindow& w) { withTab(w, [](DocumentTab& tab) { tab.setTool(DrawingView::Tool::kWindow); }); }},
         {menu, "&Measure a distance", "DIST", "DI", "Ctrl+D",

@@ -1,5 +1,5 @@
 #include "desktop/panels/layer_panel.h"
-#include "desktop/sections/section_actions.h"
+#include "desktop/panels/section_actions.h"
 #include "desktop/window/window_test.h"
 
 #include <QDialog>

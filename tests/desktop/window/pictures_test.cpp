@@ -91,7 +91,8 @@ TEST_F(Pictures, OfSectionsAPageEachAndWhatMakesNoSenseIsTold)
                  dialog.findChild<QComboBox*>("scale")->setEditText("1:x");
                  QTest::mouseClick(dialog.findChild<QPushButton*>("acceptPictures"), Qt::LeftButton);
                  EXPECT_TRUE(dialog.isVisible());
-                 EXPECT_TRUE(std::any_of(dialog.findChildren<QLabel*>().begin(), dialog.findChildren<QLabel*>().end(),
+                 const QList<QLabel*> labels = dialog.findChildren<QLabel*>();
+                 EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
                                          [](const QLabel* label) { return label->text().contains("1:x"); }));
                  dialog.findChild<QComboBox*>("scale")->setEditText("1:200");
              });

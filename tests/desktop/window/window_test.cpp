@@ -28,8 +28,8 @@ WindowTest::~WindowTest()
 
 void WindowTest::start()
 {
-    m_window = std::make_unique<MainWindow>(host::SessionOptions{path("settings"), {}});
-    m_window->desk().session().setFaults(&m_faults);
+    m_window = desktop::makeWindow(host::SessionOptions{path("settings"), {}});
+    m_window->session().setFaults(&m_faults);
     m_window->resize(1000, 700);
     m_window->show();
     m_window->activateWindow();

@@ -2,7 +2,7 @@
 
 #include "desktop/documents/document_tab.h"
 #include "desktop/view/drawing_view.h"
-#include "desktop/window/main_window.h"
+#include "desktop/window/make_window.h"
 #include "support/temp_folder.h"
 #include "support/test_drawing.h"
 

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "desktop/documents/jobs.h"
-#include "desktop/window/gate.h"
+#include "desktop/workspace/workspace.h"
 
 #include <QString>
 
 class QDialog;
-class QWidget;
 
 namespace desktop
 {
@@ -16,7 +14,7 @@ namespace desktop
 class WorkingBox
 {
 public:
-    WorkingBox(QWidget& parent, Gate& gate, const QString& text);
+    WorkingBox(Workspace& workspace, const QString& text);
     ~WorkingBox();
     WorkingBox(const WorkingBox&) = delete;
     WorkingBox& operator=(const WorkingBox&) = delete;
@@ -33,17 +31,16 @@ private:
 
 /// Has work done on a thread and waits for it in front of the user.
 template <class Result>
-Outcome<Result> workOn(QWidget& parent, Gate& gate, Jobs& jobs, const QString& text,
-                       std::function<Result(const std::stop_token&)> work)
+Outcome<Result> workOn(Workspace& workspace, const QString& text, std::function<Result(const std::stop_token&)> work)
 {
-    WorkingBox box{parent, gate, text};
+    WorkingBox box{workspace, text};
     const auto outcome = std::make_shared<Outcome<Result>>();
-    const Jobs::Handle job = jobs.start<Result>(std::move(work),
-                                                [outcome, &box](Outcome<Result> done)
-                                                {
-                                                    *outcome = std::move(done);
-                                                    box.end();
-                                                });
+    const Jobs::Handle job = workspace.jobs().start<Result>(std::move(work),
+                                                            [outcome, &box](Outcome<Result> done)
+                                                            {
+                                                                *outcome = std::move(done);
+                                                                box.end();
+                                                            });
     box.run([job] { (*job)(); });
     return std::move(*outcome);
 }

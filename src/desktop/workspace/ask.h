@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/window/gate.h"
+#include "desktop/workspace/gate.h"
 
 #include <QString>
 

@@ -1,11 +1,12 @@
-#include "desktop/sections/section_actions.h"
+#include "desktop/panels/section_actions.h"
 
 #include "desktop/documents/document_tab.h"
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"
 #include "desktop/sections/ground_here.h"
 #include "desktop/view/drawing_view.h"
-#include "desktop/window/main_window.h"
+#include "desktop/workspace/workspace.h"
+#include "host/db/database.h"
 #include "plan/plan_symbols.h"
 #include "sectiondraw/alignment_drawing.h"
 #include "util/document_lock.h"
@@ -25,14 +26,14 @@ QString signedNumber(double value)
 
 } // namespace
 
-SectionActions::SectionActions(MainWindow& window, SectionPanel& panel) : m_window{window}, m_panel{panel}
+SectionActions::SectionActions(Workspace& workspace, SectionPanel& panel) : m_workspace{workspace}, m_panel{panel}
 {
     m_panel.onSection = [this](const SectionPlace& place) { go(place); };
 }
 
 DocumentTab* SectionActions::front() const
 {
-    DocumentTab* tab = m_window.currentTab();
+    DocumentTab* tab = m_workspace.currentTab();
     return tab != nullptr && tab->document() != nullptr ? tab : nullptr;
 }
 
@@ -76,11 +77,12 @@ void SectionActions::go(const SectionPlace& place)
     tab->view().zoomTo(sections.scanned.planBox(place), kPlanMargin);
     const Box2d frame = sections.scanned.frame(*tab->document()->scene(), place);
     if (frame.isEmpty())
-        m_window.say(msg("%1 has no ground line").arg(toQString(sections.scanned.section(place).m_strName)));
+        m_workspace.say(msg("%1 has no ground line").arg(toQString(sections.scanned.section(place).m_strName)));
     else
         tab->sectionView().zoomTo(frame);
-    m_window.showSectionName(toQString(sections.scanned.lines()[place.line].m_strName) + " · " +
-                             toQString(sections.scanned.section(place).m_strName));
+    if (onSection)
+        onSection(toQString(sections.scanned.lines()[place.line].m_strName) + " · " +
+                  toQString(sections.scanned.section(place).m_strName));
 }
 
 void SectionActions::step(long by)
@@ -91,11 +93,11 @@ void SectionActions::step(long by)
     refresh();
     SectionsOfTab& sections = tab->sections();
     if (!sections.current)
-        return sections.scanned.has({0, 0}) ? go({0, 0}) : m_window.say(msg("The drawing has no alignment."));
+        return sections.scanned.has({0, 0}) ? go({0, 0}) : m_workspace.say(msg("The drawing has no alignment."));
     if (const std::optional<SectionPlace> next = sections.scanned.beside(*sections.current, by))
         go(*next);
     else
-        m_window.say(by > 0 ? msg("This is the last section") : msg("This is the first section"));
+        m_workspace.say(by > 0 ? msg("This is the last section") : msg("This is the first section"));
 }
 
 void SectionActions::toggleSplit()
@@ -113,8 +115,8 @@ void SectionActions::toggleDrawn()
     SectionsOfTab& sections = tab->sections();
     sections.isDrawnHidden = !sections.isDrawnHidden;
     hideDrawn(*tab);
-    m_window.say(sections.isDrawnHidden ? msg("Before drawing: what was drawn is hidden here, not in the file")
-                                        : msg("After drawing: everything is shown"));
+    m_workspace.say(sections.isDrawnHidden ? msg("Before drawing: what was drawn is hidden here, not in the file")
+                                           : msg("After drawing: everything is shown"));
 }
 
 void SectionActions::hideDrawn(DocumentTab& tab) const
@@ -138,7 +140,7 @@ void SectionActions::eraseDrawn()
     refresh();
     SectionsOfTab& sections = tab->sections();
     if (sections.scanned.lines().empty())
-        return m_window.say(msg("The drawing has no alignment."));
+        return m_workspace.say(msg("The drawing has no alignment."));
     const size_t first = sections.current ? sections.current->line : 0;
     const size_t last = sections.current ? first + 1 : sections.scanned.lines().size();
     const OpenForWrite lock;
@@ -146,9 +148,9 @@ void SectionActions::eraseDrawn()
     {
         ItemReferenceLine& line = sections.scanned.line(i);
         const QString name = toQString(line.m_strName);
-        m_window.say((EraseSections(line) ? msg("What was drawn on the sections of %1 is erased")
-                                          : msg("%1 cannot be changed; it keeps what it remembers"))
-                         .arg(name));
+        m_workspace.say((EraseSections(line) ? msg("What was drawn on the sections of %1 is erased")
+                                             : msg("%1 cannot be changed; it keeps what it remembers"))
+                            .arg(name));
     }
 }
 
@@ -165,7 +167,7 @@ QString SectionActions::whatIsAt(DocumentTab& tab, const picture::Vertex& place,
     if (!sections.isScanned || !tab.showsModelSpace())
         return {};
     if (inSectionView && sections.current)
-        return onSection(tab, *sections.current, place);
+        return textOnSection(tab, *sections.current, place);
     for (size_t i = 0; i < sections.axes.size(); ++i)
         if (const auto foot = sections.axes[i].footOf(place))
             return msg("%1: %2, offset %3")
@@ -174,7 +176,7 @@ QString SectionActions::whatIsAt(DocumentTab& tab, const picture::Vertex& place,
     return {};
 }
 
-QString SectionActions::onSection(DocumentTab& tab, const SectionPlace& section, const picture::Vertex& place)
+QString SectionActions::textOnSection(DocumentTab& tab, const SectionPlace& section, const picture::Vertex& place)
 {
     const std::optional<PlaceOnSection> at = placeOnSection(tab.sections().scanned.section(section), place);
     if (!at)

@@ -1,4 +1,4 @@
-#include "desktop/window/ask.h"
+#include "desktop/workspace/ask.h"
 
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"

@@ -1,4 +1,4 @@
-#include "desktop/documents/jobs.h"
+#include "desktop/workspace/jobs.h"
 
 namespace desktop
 {

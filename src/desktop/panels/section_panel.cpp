@@ -1,4 +1,4 @@
-#include "desktop/sections/section_panel.h"
+#include "desktop/panels/section_panel.h"
 
 #include "desktop/language/message.h"
 #include "desktop/language/qt_text.h"

@@ -1,4 +1,4 @@
-#include "desktop/window/gate.h"
+#include "desktop/workspace/gate.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>

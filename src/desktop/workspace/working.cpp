@@ -1,4 +1,4 @@
-#include "desktop/window/working.h"
+#include "desktop/workspace/working.h"
 
 #include "desktop/language/message.h"
 
@@ -13,8 +13,8 @@
 namespace desktop
 {
 
-WorkingBox::WorkingBox(QWidget& parent, Gate& gate, const QString& text)
-    : m_hold{gate}, m_dialog{std::make_unique<QDialog>(&parent)}
+WorkingBox::WorkingBox(Workspace& workspace, const QString& text)
+    : m_hold{workspace.gate()}, m_dialog{std::make_unique<QDialog>(&workspace.window())}
 {
     constexpr int kWidth = 360;
     m_dialog->setObjectName("working");

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/panels/section_panel.h"
 #include "desktop/sections/road_axis.h"
-#include "desktop/sections/section_panel.h"
 
 #include <optional>
 #include <vector>
@@ -10,14 +10,17 @@ namespace desktop
 {
 
 class DocumentTab;
-class MainWindow;
+class Workspace;
 
 /// What is done with the sections of the drawing in front: the panel that lists them, the split view, going from one to
 /// the next, what is hidden of what was drawn on them, and what the cursor points at.
 class SectionActions
 {
 public:
-    SectionActions(MainWindow& window, SectionPanel& panel);
+    SectionActions(Workspace& workspace, SectionPanel& panel);
+
+    /// The section at hand, named for the user.
+    std::function<void(const QString& name)> onSection;
 
     /// Another drawing is in front, or the panel came up: shows the sections, found anew where the drawing changed.
     void refresh();
@@ -39,9 +42,9 @@ public:
 private:
     DocumentTab* front() const;
     void hideDrawn(DocumentTab& tab) const;
-    QString onSection(DocumentTab& tab, const SectionPlace& section, const picture::Vertex& place);
+    QString textOnSection(DocumentTab& tab, const SectionPlace& section, const picture::Vertex& place);
 
-    MainWindow& m_window;
+    Workspace& m_workspace;
     SectionPanel& m_panel;
 };
 

@@ -1,4 +1,4 @@
-#include "desktop/window/recent_files.h"
+#include "desktop/workspace/recent_files.h"
 
 #include "desktop/language/qt_text.h"
 
