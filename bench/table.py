@@ -47,6 +47,7 @@ LINES += [
     faster("RefreshAllSections, 1,000 sections", "Refresh/1000", "RefreshPlain/1000", 100, "every object for every section"),
     faster("10,000 sections through 1,000,000 triangles", "CutSections/10000x1000000", "CutSectionsPlain/10000x1000000",
            None, PLAIN),
+    at_most("Read LandXML, 100 MB of triangles", "LandXml/triangles", "Pugixml/triangles", 1.5, "pugixml, its parse alone"),
 ]
 # Times by themselves: the benchmark, what one item is, how the measured rate is shown and what it must be.
 RATES = [
@@ -60,7 +61,9 @@ RATES = [
      lambda s: s["time"] < 2),
     ("Triangles over 1,000,000 points and 20,000 segments", "Triangulate", lambda s: show(s["time"]), "≤ 30 s",
      lambda s: s["time"] <= 30),
-]
+] + [(f"Read LandXML, 100 MB of {what}", f"LandXml/{name}", lambda s: f"{s['bytes_per_second'] / 1e6:,.0f} MB/s", "≥ 100 MB/s",
+      lambda s: s["bytes_per_second"] >= 100e6) for what, name in (("triangles", "triangles"), ("break lines", "lines"),
+                                                                   ("points", "points"))]
 
 UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
 

@@ -17,7 +17,6 @@ ONE_TYPE = [
     {"kernel/crossing/plane_crossing", "kernel/crossing/straight_crossing"},
     {"console/report/check_report", "console/report/verdict"},
     {"picture/list/drawing_lists", "picture/list/entity_writer"},
-    {"survey/read/drawing/read_drawing", "survey/read/drawing/drawing_view"},
 ]
 # Circles that are still to be untangled; nothing may join them.
 LEFT = [

@@ -1,6 +1,7 @@
 #include "store/numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -56,12 +57,41 @@ bool isTooLarge(std::string_view number)
     return place + (negative ? -power : power) > 0;
 }
 
+/// A number without a sign and an exponent whose digits are a whole number below 2^53, as coordinates are: that and a
+/// power of ten are exact, so their quotient is the nearest double. Nothing for any other, and for none.
+std::optional<LeadingReal> plainReal(std::string_view digits)
+{
+    constexpr std::array kPowers{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr uint64_t kFirstInexact = uint64_t{1} << 53;
+    uint64_t whole = 0;
+    const char* at = digits.data();
+    const char* const end = at + std::min<size_t>(digits.size(), 18); // 18 digits do not overflow
+    for (; at != end && isDigit(*at); ++at)
+        whole = whole * 10 + static_cast<uint64_t>(*at - '0');
+    size_t decimals = 0;
+    if (at != digits.data() && at != end && *at == '.')
+    {
+        const char* const first = ++at;
+        for (; at != end && isDigit(*at); ++at)
+            whole = whole * 10 + static_cast<uint64_t>(*at - '0');
+        decimals = static_cast<size_t>(at - first);
+    }
+    const auto length = static_cast<size_t>(at - digits.data());
+    const bool isCut = at == end && length < digits.size();
+    const bool hasExponent = at != end && (*at == 'e' || *at == 'E');
+    if (length == 0 || isCut || hasExponent || whole >= kFirstInexact || decimals >= kPowers.size())
+        return std::nullopt;
+    return LeadingReal{static_cast<double>(whole) / kPowers[decimals], length};
+}
+
 } // namespace
 
 LeadingReal leadingReal(std::string_view text)
 {
     std::string_view digits = text;
     const bool negative = takeSign(digits);
+    if (const auto plain = plainReal(digits))
+        return {negative ? -plain->value : plain->value, plain->length + (text.size() - digits.size())};
     if (!startsNumber(digits))
         return {};
     double value = 0.0;

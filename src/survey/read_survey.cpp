@@ -9,6 +9,9 @@
 #include "survey/read/table/read_table.h"
 #include "survey/read/xml_document.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace survey
 {
 
@@ -52,6 +55,10 @@ void finishSurvey(Survey& survey, const std::u16string& alignment)
     measureExtents(survey);
     compareExtents(survey);
     placeSections(survey, alignment);
+    std::stable_sort(survey.findings.begin(), survey.findings.end(),
+                     [](const Finding& a, const Finding& b) {
+                         return std::pair{a.first.file, a.first.line} < std::pair{b.first.file, b.first.line};
+                     });
 }
 
 } // namespace survey

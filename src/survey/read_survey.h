@@ -14,7 +14,7 @@ void readSurveyFile(Survey& survey, const std::string& path, const ReadOptions& 
 
 /// After the last file: takes the extents of each file and tells of those that do not lie where the others do, with
 /// the likely reason. Places the section tables on the alignment named `alignment` (empty: the only one), or on a
-/// straight one of their own.
+/// straight one of their own. Puts the findings in the order of files and lines.
 void finishSurvey(Survey& survey, const std::u16string& alignment);
 
 } // namespace survey

@@ -7,7 +7,8 @@
 namespace survey
 {
 
-/// Where the lines of a text begin, so that places in it can be told as lines when the text itself is gone.
+/// Where the lines of a text end, so that places in it can be told as lines when the text itself is gone. A text has
+/// less than 4 GiB.
 class LineIndex
 {
 public:
@@ -18,7 +19,8 @@ public:
     uint32_t lineOf(size_t offset) const;
 
 private:
-    std::vector<size_t> m_ends; ///< of the lines but the last
+    std::vector<uint32_t> m_ends; ///< of the lines but the last
+    mutable size_t m_last = 0;    ///< the line asked for last, from 0: the next is often near
 };
 
 } // namespace survey

@@ -141,19 +141,23 @@ void addCodedPoints(Survey& survey)
                 }
 }
 
+void placeLooseSections(Survey& survey, const std::u16string& alignment)
+{
+    const auto loose = std::find_if(survey.sections.begin(), survey.sections.end(), isLoose);
+    if (loose == survey.sections.end())
+        return;
+    const Place place = loose->place;
+    if (const auto chosen = chosenAlignment(survey, alignment, place))
+        placeOn(survey, *chosen);
+    else
+        placeOnStraight(survey, place);
+}
+
 } // namespace
 
 void placeSections(Survey& survey, const std::u16string& alignment)
 {
-    const auto loose = std::find_if(survey.sections.begin(), survey.sections.end(), isLoose);
-    if (loose != survey.sections.end())
-    {
-        const Place place = loose->place;
-        if (const auto chosen = chosenAlignment(survey, alignment, place))
-            placeOn(survey, *chosen);
-        else
-            placeOnStraight(survey, place);
-    }
+    placeLooseSections(survey, alignment);
     addCodedPoints(survey);
 }
 

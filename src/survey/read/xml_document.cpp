@@ -97,6 +97,14 @@ std::string_view attributeOf(const pugi::xml_node& node, const char* name)
     return node.attribute(name).value();
 }
 
+size_t likelyChildren(const pugi::xml_node& node)
+{
+    const pugi::xml_node first = node.first_child();
+    const ptrdiff_t one = first.next_sibling().offset_debug() - first.offset_debug();
+    const ptrdiff_t all = node.last_child().offset_debug() - first.offset_debug();
+    return one > 0 && all > 0 ? static_cast<size_t>(all / one) + 2 : 2;
+}
+
 std::string textOf(const pugi::xml_node& node)
 {
     std::string text = node.value();

@@ -63,6 +63,9 @@ pugi::xml_node childOf(const pugi::xml_node& node, std::string_view name);
 /// The value of an attribute; empty when it is missing.
 std::string_view attributeOf(const pugi::xml_node& node, const char* name);
 
+/// About how many children an element has, from the length of the first and of all: to make room beforehand.
+size_t likelyChildren(const pugi::xml_node& node);
+
 /// The text of an element, without that of its children.
 std::string textOf(const pugi::xml_node& node);
 

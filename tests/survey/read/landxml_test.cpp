@@ -95,8 +95,9 @@ TEST(LandXml, SurfacesKeepVisibleFacesAndBreakLinesTheirCodings)
                      "</Definition></Surface></Surfaces>")
             .read();
 
-    EXPECT_THAT(findingsOf(all), ElementsAre("6: a face of surface \"S\" refers to the point 5, which there is none of",
-                                             "note 2: surface \"S\": 1 face with the same point twice left out"));
+    EXPECT_THAT(findingsOf(all),
+                ElementsAre("note 2: surface \"S\": 1 face with the same point twice left out",
+                            "6: a face of surface \"S\" refers to the point 5, which there is none of"));
     ASSERT_EQ(all.surfaces.size(), 1U);
     EXPECT_THAT(all.surfaces[0].faces, ElementsAre(ElementsAre(0U, 1U, 2U)));
     EXPECT_DOUBLE_EQ(all.surfaces[0].points[1].x, 10.0);
@@ -161,7 +162,7 @@ TEST(LandXml, WhatCannotBeUsedIsToldWithItsLines)
         {"<LandXML><Units><Metric linearUnit=\"meter\"/></Units><CgPoints>\n<CgPoint name=\"1\">1 2 3</CgPoint>\n",
          {"2: is cut off: the file ends before its elements do"}},
         {"<LandXML>\n<a></b></LandXML>",
-         {"2: is not well-formed XML: Start-end tags mismatch", "note 1: the unit", "note 2: a is not read"}},
+         {"note 1: the unit", "2: is not well-formed XML: Start-end tags mismatch", "note 2: a is not read"}},
         {"No XML", {"1: is not XML: it does not begin with \"<\""}},
         {"\n<kml/>", {"2: is XML but not LandXML: its element is \"kml\""}},
         {"<!DOCTYPE x [\n<!ENTITY a \"bb\">\n<!ENTITY c \"&a;&a;\">]>\n<LandXML><Units><Metric "

@@ -4,9 +4,10 @@
 #include "kernel/point3d.h"
 #include "store/record.h"
 #include "survey/model/survey.h"
-#include "survey/read/drawing/read_drawing.h"
+#include "survey/read/drawing/drawing_options.h"
 #include "survey/read/finding_list.h"
 #include "survey/read/line_index.h"
+#include "survey/read/read_options.h"
 
 namespace survey
 {

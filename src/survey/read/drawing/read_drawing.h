@@ -2,6 +2,7 @@
 
 #include "store/text/text.h"
 #include "survey/model/survey.h"
+#include "survey/read/drawing/drawing_options.h"
 #include "survey/read/read_options.h"
 
 #include <map>
@@ -13,32 +14,6 @@ class AcDbDatabase;
 
 namespace survey
 {
-
-/// Where the points of a drawing stand.
-struct PointSource
-{
-    enum Kind
-    {
-        kLayer, ///< point entities; the layer is their code
-        kBlock, ///< block references whose attributes are number, height and code
-        kText   ///< point entities with texts beside them
-    };
-
-    Kind kind = kLayer;
-    std::vector<std::u16string> names; ///< of layers, or of blocks; empty: all
-};
-
-/// What of a drawing without survey objects is what.
-struct DrawingOptions
-{
-    std::u16string alignmentLayer; ///< empty: no alignment
-    double startStation = 0.0;     ///< metres
-    std::vector<PointSource> points;
-    double textDistance = 2.0;  ///< metres from a point to the texts that belong to it
-    bool codeFromLayer = false; ///< lines are coded by their layer
-    /// The codes of layers; empty: each layer's name is its code. Else lines of other layers are not taken.
-    std::map<std::u16string, std::u16string, LessNoCase> layerCodes;
-};
 
 /// Adds what the options say of a drawing's model space. `path` is the file it came from. What cannot be used becomes
 /// findings.

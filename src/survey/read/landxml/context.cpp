@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace survey::landxml
 {
@@ -98,23 +99,29 @@ std::optional<Coordinates> Context::coordinatesOf(const pugi::xml_node& node, co
 
 std::optional<std::vector<Coordinates>> Context::coordinateList(const pugi::xml_node& list)
 {
-    const auto numbers = numbersOf(list);
-    if (!numbers)
-        return std::nullopt;
+    constexpr size_t kUsualLength = 30;
+    const std::string whole = list.first_child() ? textOf(list) : std::string{};
+    const std::string_view text = list.first_child() ? std::string_view{whole} : std::string_view{list.value()};
     const bool hasElevations = !isNamed(list, "PntList2D");
-    const size_t step = hasElevations ? 3 : 2;
-    if (numbers->size() % step != 0)
-    {
-        unusable(list, std::string{localName(list.name())} + " has " + std::to_string(numbers->size()) +
-                           " numbers, which are not " + std::to_string(step) + " for each point");
-        return std::nullopt;
-    }
     std::vector<Coordinates> places;
-    places.reserve(numbers->size() / step);
-    for (size_t i = 0; i < numbers->size(); i += step)
-        places.push_back(coordinates((*numbers)[i], (*numbers)[i + 1],
-                                     hasElevations ? std::optional{(*numbers)[i + 2]} : std::nullopt));
-    return places;
+    places.reserve(text.size() / kUsualLength + 1);
+    NumberText numbers{text};
+    while (const auto first = numbers.next())
+    {
+        const auto second = numbers.next();
+        const auto elevation = hasElevations && second ? numbers.next() : std::nullopt;
+        if (!second || (hasElevations && !elevation))
+        {
+            unusable(list, std::string{localName(list.name())} + " does not end with a whole point of " +
+                               (hasElevations ? "three" : "two") + " numbers");
+            return std::nullopt;
+        }
+        places.push_back(coordinates(*first, *second, elevation));
+    }
+    if (numbers.rest().empty())
+        return places;
+    unusable(list, std::string{localName(list.name())} + " holds something that is no number");
+    return std::nullopt;
 }
 
 std::optional<Coordinates> Context::referredTo(const pugi::xml_node& node, std::string_view name,
@@ -126,11 +133,27 @@ std::optional<Coordinates> Context::referredTo(const pugi::xml_node& node, std::
     return std::nullopt;
 }
 
+void Context::endOfPoints()
+{
+    settleNames(m_survey, m_firstPoint, m_list);
+    for (const std::function<void()>& action : std::exchange(m_afterPoints, {}))
+        action();
+}
+
+void Context::makeRoom(size_t points)
+{
+    const size_t all = m_survey.points.size() + points;
+    if (all > m_survey.points.capacity())
+        m_survey.points.reserve(std::max(all, 2 * m_survey.points.size()));
+}
+
 Point* Context::findPoint(std::string_view name)
 {
-    if (const auto found = m_pointsByName.find(name); found != m_pointsByName.end())
-        return &m_survey.points[found->second];
     const std::u16string wanted = toUtf16(name);
+    if (!m_names)
+        m_names = PointNames{m_survey.points, m_firstPoint};
+    if (const auto found = m_names->find(m_survey.points, wanted))
+        return &m_survey.points[*found];
     const auto other =
         std::find_if(m_survey.points.begin(), m_survey.points.end(),
                      [&](const Point& point) { return point.place.file != m_list.file() && point.name == wanted; });

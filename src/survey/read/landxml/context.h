@@ -3,11 +3,12 @@
 #include "survey/model/survey.h"
 #include "survey/read/finding_list.h"
 #include "survey/read/length_unit.h"
+#include "survey/read/point_names.h"
 #include "survey/read/xml_document.h"
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 namespace survey::landxml
 {
@@ -25,7 +26,8 @@ struct Coordinates
 class Context
 {
 public:
-    Context(Survey& survey, uint32_t file, const XmlDocument& xml) : m_survey{survey}, m_xml{xml}, m_list{survey, file}
+    Context(Survey& survey, uint32_t file, const XmlDocument& xml)
+        : m_survey{survey}, m_xml{xml}, m_list{survey, file}, m_firstPoint{survey.points.size()}
     {
     }
 
@@ -57,8 +59,12 @@ public:
     /// All numbers in a list; nothing, and a finding, when something in it is none.
     std::optional<std::vector<double>> numbersOf(const pugi::xml_node& node);
 
-    /// The points of this file by name, which has to live as long as this: indexes into `Survey::points`.
-    std::unordered_map<std::string_view, size_t>& pointsByName() { return m_pointsByName; }
+    /// Something to do with points that may stand further down, when all of them are read.
+    void afterPoints(std::function<void()> action) { m_afterPoints.push_back(std::move(action)); }
+    /// So many points will come.
+    void makeRoom(size_t points);
+    /// The last point was read: from now on they can be found by name.
+    void endOfPoints();
     /// A point of this file by its name, else one of the files before it; null when there is none.
     Point* findPoint(std::string_view name);
 
@@ -72,7 +78,9 @@ private:
     double m_radians = 1.0;
     bool m_isSexagesimal = false; ///< angles are degrees, minutes and seconds as one decimal
     bool m_swapped = false;
-    std::unordered_map<std::string_view, size_t> m_pointsByName;
+    size_t m_firstPoint;               ///< of this file
+    std::optional<PointNames> m_names; ///< made when first asked for
+    std::vector<std::function<void()>> m_afterPoints;
 };
 
 /// What `Feature` children and attributes say an element is.

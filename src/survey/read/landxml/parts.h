@@ -9,8 +9,6 @@ namespace survey::landxml
 
 /// The points of CgPoints and the groups in it.
 void readPoints(Context& context, const pugi::xml_node& cgPoints);
-/// What the groups say of points that stand elsewhere; after all points.
-void readPointGroups(Context& context, const pugi::xml_node& cgPoints);
 
 /// Alignments with their station equations and cross-sections.
 void readAlignments(Context& context, const pugi::xml_node& alignments);

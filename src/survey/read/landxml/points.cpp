@@ -2,7 +2,6 @@
 
 #include "store/text/text.h"
 #include "survey/read/codes.h"
-#include "survey/read/second_point.h"
 
 #include <algorithm>
 
@@ -31,24 +30,13 @@ std::vector<std::u16string> codesOf(const pugi::xml_node& node, const std::vecto
     return codes.empty() ? groupCodes : codes;
 }
 
-/// Whether a point is to be added: not when it repeats one of its name.
-bool isWanted(Context& context, const pugi::xml_node& node, std::string_view name, const AcGePoint3d& position)
-{
-    if (name.empty())
-        return true;
-    const auto [found, isNew] = context.pointsByName().try_emplace(name, context.survey().points.size());
-    return isNew ||
-           keepsSecond(context.findings(), context.lineOf(node), context.survey().points[found->second], position);
-}
-
 void addPoint(Context& context, const pugi::xml_node& node, const std::vector<std::u16string>& groupCodes)
 {
-    const std::string_view name = attributeOf(node, "name");
     const auto place = context.coordinatesOf(node, "a CgPoint");
-    if (!place || !isWanted(context, node, name, place->point))
+    if (!place)
         return;
     Point& point = context.survey().points.emplace_back();
-    point.name = toUtf16(name);
+    point.name = toUtf16(attributeOf(node, "name"));
     point.codes = codesOf(node, groupCodes);
     point.position = place->point;
     point.hasElevation = place->hasElevation;
@@ -66,31 +54,26 @@ void addToGroup(Context& context, const pugi::xml_node& node, const std::vector<
         point->codes = codesOf(node, groupCodes);
 }
 
-bool isReference(const pugi::xml_node& node)
-{
-    return !node.attribute("pntRef").empty();
-}
-
-using Taker = void (*)(Context&, const pugi::xml_node&, const std::vector<std::u16string>&);
-
-/// Gives `take` each point that is a reference, or each that is none, with the codes of its group.
-void walk(Context& context, const pugi::xml_node& group, const std::vector<std::u16string>& outerCodes, bool references,
-          Taker take, int depth)
+/// The points of a group and the groups in it; `outerCodes` are those of the group around it.
+void readGroup(Context& context, const pugi::xml_node& group, const std::vector<std::u16string>& outerCodes, int depth)
 {
     std::vector<std::u16string> codes = splitCodes(toUtf16(attributeOf(group, "code")));
     if (codes.empty())
         codes = outerCodes;
+    context.makeRoom(likelyChildren(group));
     for (const pugi::xml_node& node : group)
         if (isNamed(node, "CgPoint"))
         {
-            if (isReference(node) == references)
-                take(context, node, codes);
+            if (node.attribute("pntRef").empty())
+                addPoint(context, node, codes);
+            else
+                context.afterPoints([&context, node, codes] { addToGroup(context, node, codes); });
         }
         else if (isNamed(node, "CgPoints"))
         {
             if (depth < kDeepest)
-                walk(context, node, codes, references, take, depth + 1);
-            else if (!references)
+                readGroup(context, node, codes, depth + 1);
+            else
                 context.unusable(node, "groups of points stand too deep in one another");
         }
 }
@@ -99,12 +82,7 @@ void walk(Context& context, const pugi::xml_node& group, const std::vector<std::
 
 void readPoints(Context& context, const pugi::xml_node& cgPoints)
 {
-    walk(context, cgPoints, {}, false, addPoint, 0);
-}
-
-void readPointGroups(Context& context, const pugi::xml_node& cgPoints)
-{
-    walk(context, cgPoints, {}, true, addToGroup, 0);
+    readGroup(context, cgPoints, {}, 0);
 }
 
 } // namespace survey::landxml

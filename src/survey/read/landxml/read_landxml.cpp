@@ -16,8 +16,7 @@ namespace
 using Part = void (*)(landxml::Context&, const pugi::xml_node&);
 
 /// In the order in which they need one another.
-constexpr std::array<std::pair<std::string_view, Part>, 5> kParts{{{"CgPoints", landxml::readPoints},
-                                                                   {"CgPoints", landxml::readPointGroups},
+constexpr std::array<std::pair<std::string_view, Part>, 4> kParts{{{"CgPoints", landxml::readPoints},
                                                                    {"Alignments", landxml::readAlignments},
                                                                    {"Surfaces", landxml::readSurfaces},
                                                                    {"PlanFeatures", landxml::readPlanFeatures}}};
@@ -50,9 +49,13 @@ void noteOthers(landxml::Context& context, const pugi::xml_node& root)
 void readParts(landxml::Context& context, const pugi::xml_node& root)
 {
     for (const auto& [name, read] : kParts)
+    {
         for (const pugi::xml_node& part : root)
             if (isNamed(part, name))
                 read(context, part);
+        if (read == landxml::readPoints)
+            context.endOfPoints();
+    }
     noteOthers(context, root);
 }
 

@@ -87,6 +87,7 @@ private:
 
     void readPoints(const pugi::xml_node& points)
     {
+        m_surface.points.reserve(m_surface.points.size() + likelyChildren(points));
         for (const pugi::xml_node& node : points)
             if (isNamed(node, "P"))
                 readPoint(node);
@@ -118,6 +119,7 @@ private:
 
     void readFaces(const pugi::xml_node& faces)
     {
+        m_surface.faces.reserve(m_surface.faces.size() + likelyChildren(faces));
         for (const pugi::xml_node& node : faces)
             if (isNamed(node, "F") && node.attribute("i").as_int() == 0)
                 readFace(node);
@@ -188,28 +190,23 @@ private:
         line.isBreakLine = true;
         line.place = m_context.placeOf(node);
         const auto elevation = m_context.numberOf(node, "elev");
-        for (const Coordinates& place : placesOf(node))
-            addVertex(line, place, elevation);
+        for (const pugi::xml_node& list : node)
+            if (isNamed(list, "PntList3D") || isNamed(list, "PntList2D"))
+                if (const auto places = m_context.coordinateList(list))
+                    addVertices(line, *places, elevation);
         finish(line, node);
     }
 
-    std::vector<Coordinates> placesOf(const pugi::xml_node& node)
+    void addVertices(CodedLine& line, const std::vector<Coordinates>& places, std::optional<double> elevation) const
     {
-        std::vector<Coordinates> places;
-        for (const pugi::xml_node& list : node)
-            if (isNamed(list, "PntList3D") || isNamed(list, "PntList2D"))
-                if (const auto more = m_context.coordinateList(list))
-                    places.insert(places.end(), more->begin(), more->end());
-        return places;
-    }
-
-    void addVertex(CodedLine& line, const Coordinates& place, std::optional<double> elevation) const
-    {
-        AcGePoint3d vertex = place.point;
-        if (!place.hasElevation && elevation)
-            vertex.z = m_context.metres(*elevation);
-        line.hasElevations = line.hasElevations && (place.hasElevation || elevation);
-        line.vertices.push_back(vertex);
+        line.vertices.reserve(line.vertices.size() + places.size());
+        for (const Coordinates& place : places)
+        {
+            line.vertices.push_back(place.point);
+            if (!place.hasElevation && elevation)
+                line.vertices.back().z = m_context.metres(*elevation);
+            line.hasElevations = line.hasElevations && (place.hasElevation || elevation);
+        }
     }
 
     void finish(CodedLine& line, const pugi::xml_node& node)
@@ -222,9 +219,11 @@ private:
 
     void readDataPoints(const pugi::xml_node& group)
     {
-        for (const Coordinates& place : placesOf(group))
-            if (place.hasElevation)
-                m_sourcePoints.push_back(place.point);
+        for (const pugi::xml_node& list : group)
+            if (isNamed(list, "PntList3D"))
+                if (const auto places = m_context.coordinateList(list))
+                    for (const Coordinates& place : *places)
+                        m_sourcePoints.push_back(place.point);
     }
 
     Context& m_context;

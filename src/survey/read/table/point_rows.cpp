@@ -2,9 +2,7 @@
 
 #include "store/text/text.h"
 #include "survey/read/codes.h"
-#include "survey/read/second_point.h"
-
-#include <map>
+#include "survey/read/point_names.h"
 
 namespace survey
 {
@@ -40,17 +38,12 @@ std::optional<Point> pointOf(FindingList& findings, const Table& table, const Ro
 
 void readPointRows(Survey& survey, FindingList& findings, const Table& table)
 {
-    std::map<std::u16string, size_t> byName;
+    const size_t first = survey.points.size();
+    survey.points.reserve(first + table.rows.size());
     for (const Row& row : table.rows)
-    {
-        const std::optional<Point> point = pointOf(findings, table, row);
-        if (!point)
-            continue;
-        const auto [first, isNew] = byName.try_emplace(point->name, survey.points.size());
-        if (isNew || point->name.empty() ||
-            keepsSecond(findings, row.line, survey.points[first->second], point->position))
-            survey.points.push_back(*point);
-    }
+        if (std::optional<Point> point = pointOf(findings, table, row))
+            survey.points.push_back(*std::move(point));
+    settleNames(survey, first, findings);
 }
 
 } // namespace survey
