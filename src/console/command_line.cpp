@@ -2,6 +2,8 @@
 
 #include "console/command_words.h"
 #include "console/commands/commands.h"
+#include "console/commands/import_survey.h"
+#include "console/commands/import_words.h"
 #include "console/program/desktop_program.h"
 #include "console/text/shown_text.h"
 
@@ -172,6 +174,8 @@ public:
         add("script", "play a script: commands, clicks and typing without a display", declareScript, runScript);
         add("info", "version, sizes, counts of entities by type and layer, blocks", addCommon, runInfo);
         add("plan", "place symbols at all coded survey points of the plan", declarePlan, runPlan);
+        add("import", "make a drawing of survey files: LandXML, tables of points or sections, drawings", declareImport,
+            runImport);
         add("folders", "show and change the list of folders in which symbol files are always looked for",
             declareFolders, runFolders);
         add("check", "tell what is missing before drawing: symbol files, rows, ground lines", declareCheck, runCheck);

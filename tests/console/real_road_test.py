@@ -41,6 +41,20 @@ class RealRoad(ProgramTest):
         changed = [handle for handle in before if before[handle] != after[handle]]
         self.assertEqual([before[handle][0][1] for handle in changed], ["PLXDBALIGNMENT"])
 
+    def test_its_survey_files_become_a_drawing(self):
+        road = self.folder / "imported.dxf"
+        out, _ = self.run_program("import", *sorted((REAL_DATA / "road").glob("*.xml")), "-o", road, "--spacing", 20,
+                                  "--half-width", 30, "--json")
+        report = json.loads(out)
+        self.assertEqual(report["findings"], [])
+        self.assertEqual(report["points"], 37)
+        self.assertEqual(sum(code["count"] for code in report["lineCodes"]), 175)
+        self.assert_sound(road)
+        sections = self.run_json("scan", road, "--nearby")["alignments"][0]["sections"]
+        self.assertIn(len(sections), (63, 64))
+        self.assertTrue(all(s["groundLine"] != "0" and s["crossing"] for s in sections))
+        self.assertEqual(sum(any(row["name"] == "D2342" for row in s["nearby"]) for s in sections), 22)
+
     def test_drawings_of_other_programs_serve_as_symbols(self):
         """Each of them, the one too old to be worked on included, becomes a block that an auditor finds sound."""
         drawings = sorted((REAL_DATA / "dwg").glob("*.dxf"))
