@@ -1,6 +1,7 @@
 #include "survey/sheet/ground_source.h"
 
 #include "store/text/text.h"
+#include "survey/read/finding_list.h"
 #include "survey/sheet/shown_numbers.h"
 #include "survey/surface/triangulate.h"
 
@@ -34,9 +35,9 @@ const Surface* chosenSurface(const Survey& survey, const WriteOptions& options, 
             chosen = &surface;
     }
     if (options.surface && chosen == nullptr)
-        findings.push_back({FindingKind::kUnusable, {}, 0, "no surface is called " + toUtf8(*options.surface)});
+        findings.push_back({FindingKind::kUnusable, {}, 0, "no surface is called " + quoted(*options.surface)});
     else if (others > 1)
-        note(chosen->place, "of " + std::to_string(others) + " surfaces " + toUtf8(chosen->name) + " is cut", findings);
+        note(chosen->place, "of " + std::to_string(others) + " surfaces " + quoted(chosen->name) + " is cut", findings);
     return chosen;
 }
 
@@ -87,10 +88,9 @@ void tellCrossings(const Triangulation& made, const BreakLines& lines, std::vect
     if (count == 0)
         return;
     note(lines.given[worst->first]->place,
-         std::to_string(count) +
-             " crossings of break lines have two heights: that of the first line is taken; the largest "
-             "difference is " +
-             metres(gap(*worst)) + " at " + shownPlace(worst->place) + ", with the line of line " +
+         counted(count, "crossing") +
+             " of break lines with two heights: that of the first line is taken; the largest difference is " +
+             metres(gap(*worst)) + " at " + shownPlace(worst->place) + ", with the one in line " +
              std::to_string(lines.given[worst->second]->place.line),
          findings);
 }
@@ -124,7 +124,7 @@ Tin GroundSource::takeGiven(const Surface& surface, std::vector<Finding>& findin
                                          { return !std::all_of(face.begin(), face.end(), isUsable); });
     if (damaged > 0)
         findings.push_back({FindingKind::kUnusable, surface.place, surface.place.line,
-                            std::to_string(damaged) + " triangles have corners without coordinates"});
+                            counted(damaged, "triangle") + " with corners that have no coordinates"});
     if (m_options.maxEdge)
         note(surface.place, "the surface has triangles of its own: --max-edge does not apply", findings);
     return tin;
@@ -138,21 +138,21 @@ Tin GroundSource::make(const Survey& survey, const AcGePoint3dArray& points, con
     if (made.tin.faces.empty())
         return {};
     note(place,
-         "triangles were made over " + std::to_string(made.tin.points.size()) + " points and " +
-             std::to_string(lines.lines.size()) + " break lines",
+         "triangles were made over " + counted(made.tin.points.size(), "point") + " and " +
+             counted(lines.lines.size(), "break line"),
          findings);
     if (lines.flat > 0)
-        note(place, std::to_string(lines.flat) + " break lines have no heights: they hold no edges", findings);
+        note(place, counted(lines.flat, "break line") + " without heights: no edges of the surface", findings);
     if (made.merged > 0)
-        note(place, std::to_string(made.merged) + " points lie where another one is: the first counts", findings);
+        note(place, counted(made.merged, "point") + " at the place of another one: the first counts", findings);
     if (made.conflicts > 0)
         note(place,
-             std::to_string(made.conflicts) + " places have two heights: the first counts; the largest difference is " +
+             counted(made.conflicts, "place") + " with two heights: the first counts; the largest difference is " +
                  metres(made.largestConflict),
              findings);
     if (made.leftOut > 0)
         findings.push_back({FindingKind::kUnusable, place, place.line,
-                            std::to_string(made.leftOut) + " points have coordinates beyond 1,000,000 km"});
+                            counted(made.leftOut, "point") + " with coordinates beyond 1,000,000 km"});
     tellCrossings(made, lines, findings);
     return std::move(made.tin);
 }

@@ -4,6 +4,7 @@
 #include "survey/line/alignment_walk.h"
 #include "survey/line/section_line.h"
 #include "survey/line/stations.h"
+#include "survey/read/finding_list.h"
 
 #include <algorithm>
 #include <cmath>
@@ -64,7 +65,7 @@ PlannedAlignment& SectionPlan::addAlignment(const AlignmentLine& line)
     planned.name = freeName(line.name.empty() ? u"Tuyến" : line.name, m_alignmentNames);
     if (planned.name != line.name && !line.name.empty())
         tell(FindingKind::kNote, line.place,
-             "the alignment " + toUtf8(line.name) + " stands twice: the second is called " + toUtf8(planned.name));
+             "the alignment " + quoted(line.name) + " stands twice: the second is called " + quoted(planned.name));
     return planned;
 }
 
@@ -100,7 +101,7 @@ void SectionPlan::add(PlannedAlignment& planned, double distance, const GivenSec
     section.name = freeName(name, m_names);
     if (section.name != name)
         tell(FindingKind::kNote, given != nullptr ? given->place : planned.line->place,
-             "the section " + toUtf8(name) + " stands twice: the second is called " + toUtf8(section.name));
+             "the section " + quoted(name) + " stands twice: the second is called " + quoted(section.name));
     planned.sections.push_back(std::move(section));
 }
 

@@ -1,6 +1,7 @@
 #include "survey/sheet/survey_content.h"
 
 #include "store/text/text.h"
+#include "survey/read/finding_list.h"
 #include "survey/sheet/earlier_content.h"
 
 #include <algorithm>
@@ -95,7 +96,7 @@ void SurveyContent::drawLines()
     }
     if (uncoded > 0)
         m_result.findings.push_back({FindingKind::kNote, firstUncoded, firstUncoded.line,
-                                     std::to_string(uncoded) + " lines have no code: no section finds them"});
+                                     counted(uncoded, "line") + " without a code: no section finds them"});
 }
 
 void SurveyContent::tellCodes()
@@ -104,7 +105,7 @@ void SurveyContent::tellCodes()
     {
         if (!changed.form.isChanged && !changed.form.isWide)
             continue;
-        std::string text = "the code \"" + toUtf8(code) + "\" (" + std::to_string(changed.count) + " times) has ";
+        std::string text = "the code " + quoted(code) + " (" + counted(changed.count, "time") + ") has ";
         text += changed.form.isWide
                     ? "letters without an 8-bit Vietnamese form: it stands on lines as it is"
                     : "letters that read otherwise on lines: it is written \"" + toUtf8(changed.form.text) + "\"";

@@ -3,6 +3,7 @@
 #include "host/companion/alignment.h"
 #include "store/header_variables.h"
 #include "store/text/text.h"
+#include "survey/read/finding_list.h"
 #include "survey/sheet/drawing_frame.h"
 #include "survey/sheet/earlier_content.h"
 #include "survey/sheet/ground_source.h"
@@ -46,7 +47,7 @@ public:
     {
         if (m_count > 0)
             findings.push_back(
-                {kind, m_place, m_place.line, std::to_string(m_count) + " sections " + what + " (" + m_names + ")"});
+                {kind, m_place, m_place.line, counted(m_count, "section") + " " + what + " (" + m_names + ")"});
     }
 
 private:
@@ -139,10 +140,10 @@ void Import::cutGround()
             else if (section.ground.size() > 1)
                 gaps.add(alignment, section);
         }
-    bare.tell(FindingKind::kNote, "have no ground line: there is nothing to cut", m_result.findings);
-    outside.tell(FindingKind::kUnusable, "lie outside the surface: they have no ground line", m_result.findings);
-    gaps.tell(FindingKind::kNote, "have ground with gaps: the longest piece is drawn", m_result.findings);
-    overlaps.tell(FindingKind::kNote, "run where triangles lie over one another: the first from the left counts",
+    bare.tell(FindingKind::kNote, "without a ground line: there is nothing to cut", m_result.findings);
+    outside.tell(FindingKind::kUnusable, "outside the surface, without a ground line", m_result.findings);
+    gaps.tell(FindingKind::kNote, "with gaps in the ground: the longest piece is drawn", m_result.findings);
+    overlaps.tell(FindingKind::kNote, "through triangles that lie over one another: the first from the left counts",
                   m_result.findings);
 }
 
@@ -171,7 +172,7 @@ void Import::dropTaken()
                 return false;
             m_result.findings.push_back(
                 {FindingKind::kUnusable, alignment.line->place, alignment.line->place.line,
-                 "the drawing has an alignment " + toUtf8(alignment.name) + " already: --replace takes it out"});
+                 "the drawing has an alignment " + quoted(alignment.name) + " already: --replace takes it out"});
             return true;
         });
 }
@@ -196,7 +197,7 @@ void Import::replaceEarlier()
     kept += eraseImported(m_drawing, origins);
     if (kept > 0)
         m_result.findings.push_back(
-            {FindingKind::kUnusable, {}, 0, std::to_string(kept) + " objects on locked layers could not be replaced"});
+            {FindingKind::kUnusable, {}, 0, counted(kept, "object") + " on locked layers not replaced"});
 }
 
 void Import::assignPoints()

@@ -253,8 +253,8 @@ TEST_F(Written, GivenSectionsKeepTheirNamesSkewGapsAndEdges)
     ASSERT_THAT(section(2).m_listBlockFcode1, SizeIs(2));
     EXPECT_EQ(section(2).m_listBlockFcode1[0].m_dOffset, -3.0);
     EXPECT_EQ(section(2).m_listBlockFcode1[1].m_dOffset, 3.5);
-    EXPECT_THAT(tellings(),
-                ElementsAre(HasSubstr("the section C2 stands twice"), HasSubstr("3 sections have ground with gaps")));
+    EXPECT_THAT(tellings(), ElementsAre(HasSubstr("the section \"C2\" stands twice"),
+                                        HasSubstr("3 sections with gaps in the ground")));
 }
 
 TEST_F(Written, GroundIsMadeOfPointsAndBreakLines)
@@ -271,7 +271,7 @@ TEST_F(Written, GroundIsMadeOfPointsAndBreakLines)
     write();
     EXPECT_THAT(groundOf(section(0), 5.0), Contains(near(0, 12)));
     EXPECT_THAT(tellings(), ElementsAre(HasSubstr("triangles were made over 9 points and 2 break lines"),
-                                        HasSubstr("1 crossings of break lines have two heights")));
+                                        HasSubstr("1 crossing of break lines with two heights")));
 }
 
 TEST_F(Written, WhatLiesOutsideTheSurfaceIsTold)
@@ -282,8 +282,7 @@ TEST_F(Written, WhatLiesOutsideTheSurfaceIsTold)
     EXPECT_EQ(result.sections[5].groundPieces, 0U);
     EXPECT_TRUE(section(5).m_idGroundLine.isNull());
     EXPECT_THAT(tellings(),
-                ElementsAre("2 sections lie outside the surface: they have no ground line (T1: Km0+080.00, T1: "
-                            "Km0+100.00)"));
+                ElementsAre("2 sections outside the surface, without a ground line (T1: Km0+080.00, T1: Km0+100.00)"));
     EXPECT_EQ(result.findings[0].kind, FindingKind::kUnusable);
 }
 
@@ -330,7 +329,7 @@ TEST_F(Written, AnAlignmentOfATakenNameIsReplacedOnlyWhenAsked)
     const size_t texts = count(first, "\nTEXT\n");
 
     write(first);
-    EXPECT_THAT(tellings(), ElementsAre(HasSubstr("the drawing has an alignment T1 already")));
+    EXPECT_THAT(tellings(), ElementsAre(HasSubstr("the drawing has an alignment \"T1\" already")));
     EXPECT_EQ(result.findings[0].kind, FindingKind::kUnusable);
     EXPECT_EQ(count(text, "\nPLXDBALIGNMENT\n  5\n"), 1U);
 
