@@ -35,15 +35,14 @@ void BoxTree::split(std::span<Middle> items)
 {
     const size_t at = m_nodes.size();
     m_nodes.emplace_back();
+    m_nodes[at].begin = static_cast<uint32_t>(m_sorted.size());
     if (items.size() <= kLeafSize)
     {
-        m_nodes[at].begin = static_cast<uint32_t>(m_sorted.size());
         for (const Middle& each : items)
         {
             m_sorted.push_back(each.item);
             m_nodes[at].box.add(m_boxes[each.item]);
         }
-        m_nodes[at].end = static_cast<uint32_t>(m_sorted.size());
     }
     else
     {
@@ -63,5 +62,6 @@ void BoxTree::split(std::span<Middle> items)
         m_nodes[at].box = m_nodes[at + 1].box;
         m_nodes[at].box.add(m_nodes[second].box);
     }
+    m_nodes[at].end = static_cast<uint32_t>(m_sorted.size());
     m_nodes[at].skip = static_cast<uint32_t>(m_nodes.size());
 }

@@ -22,20 +22,36 @@ public:
                m_sorted.capacity() * sizeof(uint32_t) + m_nodes.capacity() * sizeof(Node);
     }
 
+    /// Makes what the search goes by, where enough boxes changed. Only this and `set` change the tree: between them it
+    /// may be searched from several threads.
+    void prepare()
+    {
+        if (m_loose.size() > kFewest + m_boxes.size() / 8)
+            build();
+    }
+
     /// Calls `found` with every item whose box is not apart from what is sought, in no order. What `isApart` says of
     /// a box holds for every box in it.
     template <class IsApart, class Found>
     void visit(const IsApart& isApart, Found&& found)
     {
-        if (m_loose.size() > kFewest + m_boxes.size() / 8)
-            build();
+        prepare();
+        search(isApart, [](const Box2d&) { return false; }, found);
+    }
+
+    /// The same for a tree that is prepared. What is in a box that `holds` says is held is found unseen.
+    template <class IsApart, class Holds, class Found>
+    void search(const IsApart& isApart, const Holds& holds, Found&& found) const
+    {
         for (size_t at = 0; at < m_nodes.size();)
         {
             const Node& node = m_nodes[at];
-            const bool apart = isApart(node.box);
-            at = apart ? node.skip : at + 1;
-            for (uint32_t i = node.begin; !apart && i < node.end; ++i)
-                if (!m_isLoose[m_sorted[i]] && !isApart(m_boxes[m_sorted[i]]))
+            const bool isHeld = holds(node.box);
+            const bool isOut = !isHeld && isApart(node.box);
+            const bool isAll = isHeld || node.skip == at + 1;
+            at = isOut || isHeld ? node.skip : at + 1;
+            for (uint32_t i = node.begin; isAll && !isOut && i < node.end; ++i)
+                if (!m_isLoose[m_sorted[i]] && (isHeld || !isApart(m_boxes[m_sorted[i]])))
                     found(m_sorted[i]);
         }
         for (const uint32_t item : m_loose)
@@ -44,7 +60,8 @@ public:
     }
 
 private:
-    /// Stands before the nodes below it; `skip` is the first node that is not below it. Only leaves have items.
+    /// Stands before the nodes below it; `skip` is the first node that is not below it. Its items are those of all
+    /// leaves below it.
     struct Node
     {
         Box2d box;

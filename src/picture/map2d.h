@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace picture
 {
@@ -42,6 +43,18 @@ struct Map2d
                 yx * right.xy + yy * right.yy,
                 origin.x,
                 origin.y};
+    }
+    /// The map that carries back; nothing where this one flattens the plane.
+    std::optional<Map2d> inverse() const
+    {
+        const double det = xx * yy - xy * yx;
+        if (!(std::fabs(det) > 0.0) || !std::isfinite(1.0 / det))
+            return std::nullopt;
+        Map2d back{yy / det, -xy / det, -yx / det, xx / det, 0.0, 0.0};
+        const Vertex origin = back * Vertex{dx, dy};
+        back.dx = -origin.x;
+        back.dy = -origin.y;
+        return back;
     }
     /// The longer of the images of the two unit axes.
     double stretch() const { return std::max(std::hypot(xx, yx), std::hypot(xy, yy)); }

@@ -394,14 +394,12 @@ void DrawingView::paintPicture()
     image.fill(m_background);
     if (picture::DisplayList* shown = list())
     {
-        QPainter painter{&image};
-        painter.setRenderHint(QPainter::Antialiasing);
-        picture::Canvas canvas{painter, picture::Medium::kPixels};
+        picture::Canvas canvas{image};
         picture::Appearance appearance;
         appearance.background = m_background;
         appearance.thinLine = 0.0;
         const Box2d page{0.0, 0.0, static_cast<double>(image.width()), static_cast<double>(image.height())};
-        picture::Painter{m_scene->lists(), canvas, appearance, page}.paint(
+        picture::Painter{m_scene->lists(), canvas, appearance, page, m_scene->lists().notes()}.paint(
             *shown, m_frame.toPixels(image.width(), std::max(1, image.height())));
     }
     m_picture = std::move(image);

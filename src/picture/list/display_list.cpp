@@ -1,9 +1,30 @@
 #include "picture/list/display_list.h"
 
 #include <algorithm>
+#include <bit>
+#include <numeric>
 
 namespace picture
 {
+
+namespace
+{
+
+/// Numbers below `end` in their order, each once: for many of them quicker than sorting.
+std::vector<uint32_t> sortedByMarks(const std::vector<uint32_t>& numbers, size_t end)
+{
+    std::vector<uint64_t> marks(end / 64 + 1);
+    for (const uint32_t number : numbers)
+        marks[number / 64] |= uint64_t{1} << (number % 64);
+    std::vector<uint32_t> sorted;
+    sorted.reserve(numbers.size());
+    for (size_t word = 0; word < marks.size(); ++word)
+        for (uint64_t left = marks[word]; left != 0; left &= left - 1)
+            sorted.push_back(static_cast<uint32_t>(word * 64) + static_cast<uint32_t>(std::countr_zero(left)));
+    return sorted;
+}
+
+} // namespace
 
 void DisplayList::begin(ObjectRecord& entity)
 {
@@ -16,13 +37,14 @@ void DisplayList::beginAgain(uint32_t item)
     m_open = item;
     m_items[item].first = static_cast<uint32_t>(m_primitives.size());
     m_items[item].count = 0;
+    m_items[item].isScreenSized = 0;
     m_itemBox = {};
 }
 
 void DisplayList::end()
 {
     Item& item = m_items[m_open];
-    item.count = static_cast<uint32_t>(m_primitives.size()) - item.first;
+    item.count = (static_cast<uint32_t>(m_primitives.size()) - item.first) & 0x7FFFFFFFU;
     m_places.set(m_open, m_itemBox);
     if (!m_itemBox.isEmpty())
         m_box.add(m_itemBox);
@@ -40,12 +62,19 @@ void DisplayList::add(Primitive::Kind kind, uint32_t look, std::span<const Verte
     else if (kind == Primitive::kRay || kind == Primitive::kInfinite)
     {
         m_itemBox.add(vertices[0].x, vertices[0].y);
+        m_items[m_open].isScreenSized = 1;
+        m_isScreenSized = true;
         if (m_endless.empty() || m_endless.back() != m_open)
             m_endless.push_back(m_open);
     }
     else
         for (const Vertex& vertex : vertices)
             m_itemBox.add(vertex.x, vertex.y);
+    if (kind == Primitive::kDot)
+    {
+        m_items[m_open].isScreenSized = 1;
+        m_isScreenSized = true;
+    }
 }
 
 void DisplayList::addArcs(uint32_t look, std::span<const PathVertex> vertices, bool closed, const Box2d& box)
@@ -76,9 +105,16 @@ void DisplayList::addText(uint32_t look, PlacedText text, std::u16string_view le
         grow(text.map().boxAround(ink));
 }
 
-void DisplayList::addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const Box2d& blockBox)
+void DisplayList::addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const DisplayList& contents)
 {
-    Box2d box = placed.map.boxAround(blockBox);
+    Box2d box = placed.map.boxAround(contents.box());
+    if (contents.isScreenSized())
+    {
+        m_items[m_open].isScreenSized = 1;
+        m_isScreenSized = true;
+    }
+    if (contents.isEndless() && (m_endless.empty() || m_endless.back() != m_open))
+        m_endless.push_back(m_open);
     if (grid != nullptr && !box.isEmpty())
     {
         placed.grid = static_cast<uint32_t>(m_grids.size());
@@ -98,7 +134,14 @@ void DisplayList::addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, 
         grow(box);
 }
 
-void DisplayList::shrink()
+void DisplayList::reserve(size_t entities)
+{
+    m_items.reserve(entities);
+    m_primitives.reserve(entities + entities / 8);
+    m_vertices.reserve(2 * entities);
+}
+
+void DisplayList::finish()
 {
     m_items.shrink_to_fit();
     m_primitives.shrink_to_fit();
@@ -107,15 +150,28 @@ void DisplayList::shrink()
     m_letters.shrink_to_fit();
     m_blocks.shrink_to_fit();
     m_grids.shrink_to_fit();
+    m_places.prepare();
 }
 
-std::vector<uint32_t> DisplayList::itemsIn(const Box2d& window)
+std::vector<uint32_t> DisplayList::itemsIn(const Box2d& window) const
 {
     std::vector<uint32_t> found;
-    m_places.visit([&window](const Box2d& box) { return box.isApart(window, 0.0); },
-                   [&found](uint32_t item) { found.push_back(item); });
+    const auto isApart = [&window](const Box2d& box) { return box.isApart(window, 0.0); };
+    const auto holds = [&window](const Box2d& box) {
+        return box.minX >= window.minX && box.maxX <= window.maxX && box.minY >= window.minY && box.maxY <= window.maxY;
+    };
+    if (holds(m_box))
+    {
+        found.resize(m_items.size());
+        std::iota(found.begin(), found.end(), 0U);
+        return found;
+    }
+    m_places.search(isApart, holds, [&found](uint32_t item) { found.push_back(item); });
     found.insert(found.end(), m_endless.begin(), m_endless.end());
-    std::sort(found.begin(), found.end());
+    if (found.size() < m_items.size() / 256)
+        std::sort(found.begin(), found.end());
+    else
+        found = sortedByMarks(found, m_items.size());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }

@@ -85,7 +85,8 @@ public:
     {
         ObjectRecord* entity = nullptr;
         uint32_t first = 0; ///< primitive
-        uint32_t count = 0;
+        uint32_t count : 31 = 0;
+        uint32_t isScreenSized : 1 = 0; ///< may reach over its box: lines without end, points of the drawing
     };
 
     /// Begins an entity behind the others; what is added until `end` belongs to it.
@@ -97,9 +98,11 @@ public:
     void add(Primitive::Kind kind, uint32_t look, std::span<const Vertex> vertices, bool closed = false);
     void addArcs(uint32_t look, std::span<const PathVertex> vertices, bool closed, const Box2d& box);
     void addText(uint32_t look, PlacedText text, std::u16string_view letters, const Font& font, const Box2d& ink);
-    void addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const Box2d& blockBox);
-    /// Gives back the memory that growing took; the list is complete.
-    void shrink();
+    void addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const DisplayList& contents);
+    /// Expects so many entities.
+    void reserve(size_t entities);
+    /// Gives back the memory that growing took and makes the index of places; the list is complete.
+    void finish();
 
     const std::vector<Item>& items() const { return m_items; }
     std::span<const Primitive> primitives(const Item& item) const
@@ -128,8 +131,10 @@ public:
     const Box2d& box() const { return m_box; }
     /// Whether there are lines without end, which the box does not hold.
     bool isEndless() const { return !m_endless.empty(); }
+    /// Whether an item may reach over its box.
+    bool isScreenSized() const { return m_isScreenSized; }
     /// The items whose boxes meet `window`, in drawing order, and all lines without end.
-    std::vector<uint32_t> itemsIn(const Box2d& window);
+    std::vector<uint32_t> itemsIn(const Box2d& window) const;
     /// Bytes that the list takes.
     size_t bytes() const;
     size_t vertexCount() const { return m_vertices.size(); }
@@ -150,6 +155,7 @@ private:
     Box2d m_box;
     uint32_t m_open = 0; ///< the item at hand
     Box2d m_itemBox;
+    bool m_isScreenSized = false;
 };
 
 } // namespace picture

@@ -123,7 +123,7 @@ DisplayList& DrawingLists::modelSpace()
     m_seen = m_database.changeCount();
     const ObjectRecord* space = m_database.blocks().record(u"*Model_Space");
     fill(list, inDrawOrder(modelSpaceOf(m_database), space != nullptr ? space->handle : 0));
-    list.shrink();
+    list.finish();
     return list;
 }
 
@@ -136,7 +136,7 @@ DisplayList& DrawingLists::space(const ObjectRecord* block)
     {
         m_lists.emplace_back();
         fill(m_lists[place->second], inDrawOrder(m_database.blocks().entities(*block), block->handle));
-        m_lists[place->second].shrink();
+        m_lists[place->second].finish();
     }
     return m_lists[place->second];
 }
@@ -144,6 +144,7 @@ DisplayList& DrawingLists::space(const ObjectRecord* block)
 void DrawingLists::fill(DisplayList& list, const AcDbObjectIdArray& entities)
 {
     EntityWriter writer{*this, list};
+    list.reserve(entities.size());
     for (const AcDbObjectId id : entities)
     {
         list.begin(*id.record());
@@ -197,7 +198,7 @@ uint32_t DrawingLists::blockNamed(std::string_view raw)
     const auto container = static_cast<uint32_t>(contents - m_database.store().containers.data());
     fill(m_lists[index], m_database.blocks().entitiesIn(container, false));
     --m_depth;
-    m_lists[index].shrink();
+    m_lists[index].finish();
     Block& made = m_blocks[contents];
     made = {index, false};
     return index;

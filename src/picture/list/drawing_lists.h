@@ -45,6 +45,9 @@ public:
     void update();
 
     DisplayList& list(uint32_t block) { return m_lists[block]; }
+    const DisplayList& list(uint32_t block) const { return m_lists[block]; }
+    /// How many lists were made; `list` gives them by number.
+    uint32_t count() const { return static_cast<uint32_t>(m_lists.size()); }
     /// The list of a block by its name as references write it; `kNone` for one that is not there, that stands around
     /// the block at hand, or that is nested too deep.
     uint32_t blockNamed(std::string_view raw);

@@ -271,7 +271,7 @@ void EntityWriter::writePlaced(const InsertPlacement& insert, const ObjectRecord
         grid.columnStep = insert.columns > 1 ? stepTo(1) : Vertex{};
         grid.rowStep = insert.rows > 1 ? stepTo(static_cast<size_t>(insert.columns)) : Vertex{};
     }
-    m_list.addBlock(m_look, placed, insert.count() > 1 ? &grid : nullptr, m_lists.list(block).box());
+    m_list.addBlock(m_look, placed, insert.count() > 1 ? &grid : nullptr, m_lists.list(block));
 }
 
 /// What a tilted reference shows hangs on the heights in its block: its contents are written out, placed.
@@ -308,7 +308,7 @@ void EntityWriter::writeBlockOf(std::string_view kind, std::string_view text)
     if (block == DrawingLists::kNone)
         ++m_lists.notes().undrawn[std::string{kind}];
     else
-        m_list.addBlock(m_look, {Map2d::planOf(placed), block}, nullptr, m_lists.list(block).box());
+        m_list.addBlock(m_look, {Map2d::planOf(placed), block}, nullptr, m_lists.list(block));
 }
 
 void EntityWriter::writeStraight(std::string_view text, Primitive::Kind kind)

@@ -39,18 +39,6 @@ bool isInside(const Vertex& p, std::span<const Vertex> vertices)
     return inside;
 }
 
-std::optional<Map2d> inverse(const Map2d& m)
-{
-    const double det = m.xx * m.yy - m.xy * m.yx;
-    if (!(std::fabs(det) > 0.0) || !std::isfinite(1.0 / det))
-        return std::nullopt;
-    Map2d back{m.yy / det, -m.xy / det, -m.yx / det, m.xx / det, 0.0, 0.0};
-    const Vertex origin = back * Vertex{m.dx, m.dy};
-    back.dx = -origin.x;
-    back.dy = -origin.y;
-    return back;
-}
-
 class Picker
 {
 public:
@@ -69,7 +57,7 @@ private:
     {
         const Pen pen = m_lists.looks().pen(primitive.look, around);
         if (primitive.kind == Primitive::kBlock)
-            return !m_lists.looks().layers()[pen.layer].frozen && hitsBlock(list, primitive, at, reach, pen, depth);
+            return !pen.frozen && hitsBlock(list, primitive, at, reach, pen, depth);
         return pen.shown && hitsShape(list, primitive, at, reach);
     }
 
@@ -78,7 +66,7 @@ private:
         if (primitive.kind == Primitive::kText)
         {
             const PlacedText& text = list.text(primitive);
-            const std::optional<Map2d> back = inverse(text.map());
+            const std::optional<Map2d> back = text.map().inverse();
             const Vertex in = back ? *back * at : Vertex{};
             return back && in.x >= 0.0 && in.x <= text.advance && in.y >= -0.2 && in.y <= 1.1;
         }
@@ -151,7 +139,7 @@ private:
     bool hitsCopy(const PlacedBlock& placed, const Vertex& by, const Vertex& at, double reach, const Pen& pen,
                   size_t depth)
     {
-        const std::optional<Map2d> back = inverse(placed.map);
+        const std::optional<Map2d> back = placed.map.inverse();
         if (!back)
             return false;
         DisplayList& inner = m_lists.list(placed.block);

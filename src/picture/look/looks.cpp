@@ -242,6 +242,7 @@ Pen Looks::pen(uint32_t index, const Pen* around) const
     pen.layer = takesBlockLayer ? around->layer : look.layer;
     const Layer& layer = m_layers[pen.layer];
     pen.shown = !layer.frozen && !layer.off;
+    pen.frozen = layer.frozen;
     pen.color = look.color.value == Color::kByLayer   ? layer.color
                 : look.color.value != Color::kByBlock ? look.color
                 : around != nullptr                   ? around->color

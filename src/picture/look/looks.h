@@ -77,6 +77,7 @@ struct Pen
     double linetypeScale = 1.0;
     uint32_t layer = 0;
     bool shown = true;
+    bool frozen = false; ///< then also what stands in a block on other layers is not shown
 
     friend bool operator==(const Pen&, const Pen&) = default;
 };
@@ -91,6 +92,7 @@ public:
     uint32_t lookOf(std::string_view pairs, bool& isInvisible);
     uint32_t indexOf(const Look& look);
     const Look& look(uint32_t index) const { return m_looks[index]; }
+    uint32_t count() const { return static_cast<uint32_t>(m_looks.size()); }
     /// The look with what is open taken from its layer, or from the block reference around it (null at the top).
     Pen pen(uint32_t look, const Pen* around) const;
 

@@ -61,8 +61,8 @@ void paintPage(DrawingLists& lists, Canvas& canvas, const Page& page, const Layo
     appearance.monochrome = options.isMonochrome;
     if (page.message.empty())
     {
-        Painter painter{lists, canvas, appearance, layout.shown};
-        painter.paint(layout.toPage);
+        const DisplayList& space = lists.modelSpace();
+        Painter{lists, canvas, appearance, layout.shown, lists.notes()}.paint(space, layout.toPage);
     }
     if (!page.title.empty())
     {
@@ -125,9 +125,7 @@ std::string renderPng(DrawingLists& lists, const Page& page, const PageOptions& 
     if (options.paper)
         image.setDotsPerMeterX(static_cast<int>(layout.unitsPerMillimetre * 1000.0));
     {
-        QPainter painter{&image};
-        painter.setRenderHint(QPainter::Antialiasing);
-        Canvas canvas{painter, Medium::kPixels};
+        Canvas canvas{image};
         Appearance appearance = pixelAppearance(layout);
         appearance.thinLine = appearance.thinLine > 1.0 ? appearance.thinLine : 0.0;
         paintPage(lists, canvas, page, layout, options, appearance);

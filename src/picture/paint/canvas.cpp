@@ -1,9 +1,13 @@
 #include "picture/paint/canvas.h"
 
 #include <QGlyphRun>
+#include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRawFont>
+
+#include <algorithm>
+#include <array>
 
 namespace picture
 {
@@ -36,6 +40,22 @@ QColor toColor(Rgb rgb)
 
 } // namespace
 
+Canvas::Canvas(QPainter& painter, Medium medium) : m_painter{&painter}, m_medium{medium} {}
+
+Canvas::Canvas(QImage& image)
+    : m_own{std::make_unique<QPainter>(&image)}, m_painter{m_own.get()}, m_medium{Medium::kPixels},
+      // The image is nobody else's: its pixels stay where they are.
+      m_raster{std::in_place, reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(),
+               static_cast<size_t>(image.bytesPerLine()) / sizeof(uint32_t)}
+{
+    m_painter->setRenderHint(QPainter::Antialiasing);
+}
+
+Canvas::~Canvas()
+{
+    flush();
+}
+
 void Canvas::setPen(Rgb color, double width)
 {
     if (color == m_color && width == m_width)
@@ -49,11 +69,21 @@ void Canvas::line(std::span<const Vertex> points, bool closed)
 {
     if (points.size() < 2)
         return;
+    if (isDirect())
+        return m_raster->line(points, closed, m_color, std::max(1.0, m_width));
     for (const Vertex& point : points)
         m_points.push_back(onGrid(point));
     m_lines.emplace_back(m_points.size(), closed);
     if (m_points.size() > kMostGathered)
         flush();
+}
+
+void Canvas::speck(const Vertex& middle, double size)
+{
+    if (m_raster)
+        return m_raster->speck(middle, size, m_color);
+    const std::array<Vertex, 2> line{Vertex{middle.x - size / 2, middle.y}, Vertex{middle.x + size / 2, middle.y}};
+    this->line(line);
 }
 
 void Canvas::flush()
@@ -72,7 +102,7 @@ void Canvas::flush()
     }
     QPen pen{toColor(m_color), m_width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
     pen.setCosmetic(m_width == 0.0);
-    m_painter.strokePath(path, pen);
+    m_painter->strokePath(path, pen);
     m_points.clear();
     m_lines.clear();
 }
@@ -94,7 +124,7 @@ void Canvas::area(std::span<const std::vector<Vertex>> loops, Rgb color, bool ev
         }
         path.closeSubpath();
     }
-    m_painter.fillPath(path, toColor(color));
+    m_painter->fillPath(path, toColor(color));
 }
 
 void Canvas::searchable(std::u16string_view text, const Map2d& map, double advance)
@@ -121,12 +151,12 @@ void Canvas::searchable(std::u16string_view text, const Map2d& map, double advan
     run.setPositions(places);
     const double across = advance / width;
     const double up = 1.0 / font.capHeight();
-    m_painter.save();
-    m_painter.setTransform(QTransform{map.xx * across, map.yx * across, -map.xy * up, -map.yy * up, map.dx, map.dy},
-                           true);
-    m_painter.setPen(QColor{0, 0, 0, 0});
-    m_painter.drawGlyphRun({0.0, 0.0}, run);
-    m_painter.restore();
+    m_painter->save();
+    m_painter->setTransform(QTransform{map.xx * across, map.yx * across, -map.xy * up, -map.yy * up, map.dx, map.dy},
+                            true);
+    m_painter->setPen(QColor{0, 0, 0, 0});
+    m_painter->drawGlyphRun({0.0, 0.0}, run);
+    m_painter->restore();
 }
 
 } // namespace picture

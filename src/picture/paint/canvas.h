@@ -2,11 +2,15 @@
 
 #include "picture/look/palette.h"
 #include "picture/map2d.h"
+#include "picture/paint/line_raster.h"
 
+#include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
 
+class QImage;
 class QPainter;
 
 namespace picture
@@ -19,20 +23,26 @@ enum class Medium
     kVectors ///< a file of vectors: nothing is left out because it is small
 };
 
-/// Paints lines and areas in page coordinates (y down) through a QPainter, with the painter's own transformation. Lines
-/// of one pen are gathered and painted together.
+/// Paints lines and areas in page coordinates (y down): onto the pixels of an image, or through a QPainter with its own
+/// transformation. Lines of one pen are gathered and painted together, unless they are thin and on pixels.
 class Canvas
 {
 public:
-    Canvas(QPainter& painter, Medium medium) : m_painter{painter}, m_medium{medium} {}
+    Canvas(QPainter& painter, Medium medium);
+    /// The image has 32 bits a pixel, and is nobody else's meanwhile.
+    explicit Canvas(QImage& image);
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
-    ~Canvas() { flush(); }
+    ~Canvas();
 
     Medium medium() const { return m_medium; }
     /// Width in page units; 0 for the thinnest line there is.
     void setPen(Rgb color, double width);
     void line(std::span<const Vertex> points, bool closed = false);
+    /// The smallest thing to be seen, `size` page units large.
+    void speck(const Vertex& middle, double size);
+    /// Whether lines need not be cut to the page, since painting stops at its edge at no cost.
+    bool cutsByItself() const { return isDirect(); }
     /// Fills what is inside the loops: by the even-odd rule, or all that any of them goes round.
     void area(std::span<const std::vector<Vertex>> loops, Rgb color, bool evenOdd);
     /// A text that is found by a search but not seen, over what was drawn of it: `map` carries units of its height, in
@@ -47,8 +57,12 @@ public:
 private:
     Vertex onGrid(const Vertex& v) const { return m_rounded ? Vertex{std::round(v.x), std::round(v.y)} : v; }
 
-    QPainter& m_painter;
+    bool isDirect() const { return m_raster.has_value() && m_width <= LineRaster::kWidest; }
+
+    std::unique_ptr<QPainter> m_own;
+    QPainter* m_painter;
     Medium m_medium;
+    std::optional<LineRaster> m_raster;
     bool m_searchable = false;
     bool m_rounded = false;
     Rgb m_color = 0;

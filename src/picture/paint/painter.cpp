@@ -2,7 +2,7 @@
 
 #include "kernel/curve/arc_chords.h"
 #include "picture/paint/clip.h"
-#include "picture/paint/dashes.h"
+#include "picture/paint/copies.h"
 
 #include <algorithm>
 #include <array>
@@ -15,63 +15,90 @@ namespace picture
 namespace
 {
 
-/// Things painted on one page, contents of blocks counted each time: what is beyond is left out, and told.
-constexpr size_t kMostSpent = 4'000'000;
-constexpr double kMostDashes = 20'000.0;
-constexpr double kShortestDash = 1.5; ///< pixels for a whole pattern; finer ones are drawn as a line
-constexpr double kBarHeight = 3.0;    ///< specks: the lines of lower texts would run into each other, they are bars
-constexpr double kPointShare = 0.05;  ///< of the page's height, for points without a size
-constexpr double kSurveyArm = 0.25;   ///< metres
-
-double distance(const Vertex& a, const Vertex& b)
-{
-    return std::hypot(a.x - b.x, a.y - b.y);
-}
+/// Things in blocks that are painted on one page, each time counted: what is beyond is left out, and told.
+constexpr size_t kMostSpent = 1'000'000;
+constexpr double kBarHeight = 3.0;   ///< specks: the lines of lower texts would run into each other, they are bars
+constexpr double kPointShare = 0.05; ///< of the page's height, for points without a size
+constexpr double kSurveyArm = 0.25;  ///< metres
 
 } // namespace
 
-Painter::Painter(DrawingLists& lists, Canvas& canvas, const Appearance& appearance, const Box2d& page)
-    : m_lists{lists}, m_canvas{canvas}, m_appearance{appearance}, m_page{page}, m_reach{page}
+Painter::Painter(const DrawingLists& lists, Canvas& canvas, const Appearance& appearance, const Box2d& page,
+                 Notes& notes)
+    : m_lists{lists}, m_canvas{canvas}, m_appearance{appearance}, m_page{page}, m_notes{notes}, m_stroker{canvas,
+                                                                                                          m_appearance,
+                                                                                                          page}
 {
-    const double reach = 4.0 * appearance.thinLine + 2.2 * appearance.unitsPerMillimetre;
-    m_reach = {page.minX - reach, page.minY - reach, page.maxX + reach, page.maxY + reach};
 }
 
-void Painter::paint(DisplayList& list, const Map2d& toPage)
+void Painter::paint(const DisplayList& list, const Map2d& toPage)
 {
-    const Scope scope{list, toPage, nullptr, 0};
-    const double det = toPage.xx * toPage.yy - toPage.xy * toPage.yx;
-    if (!std::isfinite(det) || det == 0.0)
+    const std::optional<Map2d> back = toPage.inverse();
+    if (!back)
         return;
-    const double left = (m_reach.minX - toPage.dx) / toPage.xx;
-    const double right = (m_reach.maxX - toPage.dx) / toPage.xx;
-    const double low = (m_reach.minY - toPage.dy) / toPage.yy;
-    const double high = (m_reach.maxY - toPage.dy) / toPage.yy;
-    const Box2d window{std::min(left, right), std::min(low, high), std::max(left, right), std::max(low, high)};
-    for (const uint32_t item : list.itemsIn(window))
-        paintItem(scope, item);
+    // Points are as large as they are on the page, wherever they stand.
+    const double dots = std::max(halfDot(false, toPage.stretch()), halfDot(true, toPage.stretch()));
+    const Box2d& reach = m_stroker.reach();
+    paint(list, toPage,
+          list.itemsIn(back->boxAround({reach.minX - dots, reach.minY - dots, reach.maxX + dots, reach.maxY + dots})));
+}
+
+void Painter::paint(const DisplayList& list, const Map2d& toPage, const std::vector<uint32_t>& items)
+{
+    constexpr uint32_t kBetweenLooks = 255;
+    m_pens.clear();
+    for (uint32_t look = 0; look < m_lists.looks().count(); ++look)
+        m_pens.push_back(penOf(look, nullptr));
+    const Scope scope = scopeOf(list, toPage, nullptr);
+    uint32_t painted = 0;
+    for (const uint32_t item : items)
+    {
+        if ((++painted & kBetweenLooks) == 0 && m_stop != nullptr && m_stop->load(std::memory_order_relaxed))
+            break;
+        if (m_hidden == nullptr || item >= m_hidden->items.size() || !m_hidden->items[item])
+            paintItem(scope, item);
+    }
     m_canvas.flush();
+}
+
+Painter::Scope Painter::scopeOf(const DisplayList& list, const Map2d& toPage, const Pen* around) const
+{
+    return {list, toPage, around, isPixels() ? m_appearance.speck / toPage.stretch() : 0.0};
 }
 
 bool Painter::spend()
 {
     if (++m_spent == kMostSpent)
-        m_lists.notes().texts.insert("blocks in blocks are painted up to four million parts: the rest is left out");
+        m_notes.texts.insert("blocks in blocks are painted up to a million parts: the rest is left out");
     return m_spent < kMostSpent;
+}
+
+/// The look with what is open taken from its layer or the block around it; what is hidden is as on a frozen layer.
+Pen Painter::penOf(uint32_t look, const Pen* around) const
+{
+    Pen pen = m_lists.looks().pen(look, around);
+    if (m_hidden != nullptr && pen.layer < m_hidden->layers.size() && m_hidden->layers[pen.layer])
+    {
+        pen.shown = false;
+        pen.frozen = true;
+    }
+    return pen;
 }
 
 void Painter::paintItem(const Scope& scope, uint32_t index)
 {
     const DisplayList::Item& item = scope.list.items()[index];
+    if (paintAsSpeck(scope, index))
+        return;
     for (const Primitive& primitive : scope.list.primitives(item))
     {
-        if (!spend())
+        const bool isTop = scope.around == nullptr;
+        if (!isTop && !spend())
             return;
-        const Pen pen = m_lists.looks().pen(primitive.look, scope.around);
+        const Pen inBlock = isTop ? Pen{} : penOf(primitive.look, scope.around);
+        const Pen& pen = isTop ? m_pens[primitive.look] : inBlock;
         // What is in a block on a layer of its own is shown even where the reference's layer is off, not frozen.
-        const bool isShown =
-            pen.shown || (primitive.kind == Primitive::kBlock && !m_lists.looks().layers()[pen.layer].frozen);
-        if (!isShown)
+        if (!(pen.shown || (primitive.kind == Primitive::kBlock && !pen.frozen)))
             continue;
         if (primitive.kind != Primitive::kBlock)
             usePen(pen);
@@ -79,8 +106,62 @@ void Painter::paintItem(const Scope& scope, uint32_t index)
     }
 }
 
+void Painter::paintContents(const Scope& scope)
+{
+    constexpr size_t kDeepest = 300;
+    if (m_depth >= kDeepest)
+        return;
+    ++m_depth;
+    for (uint32_t i = 0; i < scope.list.items().size() && m_spent < kMostSpent; ++i)
+        paintItem(scope, i);
+    --m_depth;
+}
+
+/// Whether the item is smaller than can be told and was painted as the speck it is.
+bool Painter::paintAsSpeck(const Scope& scope, uint32_t index)
+{
+    const Box2d& box = scope.list.box(index);
+    if (!(box.maxX - box.minX < scope.speck && box.maxY - box.minY < scope.speck) || box.isEmpty())
+        return false;
+    const DisplayList::Item& item = scope.list.items()[index];
+    if (item.isScreenSized != 0 && (m_lists.pointStyle().mode > 1 || scope.list.isEndless()))
+        return false;
+    const std::optional<Pen> pen = firstPen(scope.list, item, scope.around, 0);
+    if (!pen)
+        return false;
+    usePen(*pen);
+    m_canvas.speck(scope.toPage * Vertex{(box.minX + box.maxX) / 2, (box.minY + box.maxY) / 2}, m_appearance.speck);
+    return true;
+}
+
+/// What the first thing that an item shows is drawn with; nothing when that is not soon found.
+std::optional<Pen> Painter::firstPen(const DisplayList& list, const DisplayList::Item& item, const Pen* around,
+                                     size_t depth) const
+{
+    constexpr size_t kDeepest = 4;
+    constexpr size_t kMostTried = 8;
+    size_t tried = 0;
+    for (const Primitive& primitive : list.primitives(item))
+    {
+        const Pen pen = around == nullptr ? m_pens[primitive.look] : penOf(primitive.look, around);
+        if (primitive.kind != Primitive::kBlock && pen.shown)
+            return pen;
+        if (++tried > kMostTried)
+            break;
+        if (primitive.kind != Primitive::kBlock || pen.frozen || depth >= kDeepest)
+            continue;
+        const DisplayList& inner = m_lists.list(list.block(primitive).block);
+        for (size_t i = 0; i < std::min(inner.items().size(), kMostTried); ++i)
+            if (const std::optional<Pen> found = firstPen(inner, inner.items()[i], &pen, depth + 1))
+                return found;
+    }
+    return std::nullopt;
+}
+
 Rgb Painter::colorOf(const Pen& pen) const
 {
+    if (m_appearance.ink)
+        return *m_appearance.ink;
     const Rgb foreground = inkOn(m_appearance.background);
     if (m_appearance.monochrome || pen.color.value < 0)
         return foreground;
@@ -126,23 +207,22 @@ void Painter::paintPrimitive(const Scope& scope, const Primitive& primitive, con
     }
 }
 
-/// The points of a path on the page, arcs as chords too short to be told from them.
-std::vector<Vertex> Painter::onPage(const Scope& scope, const Primitive& primitive) const
+/// Brings the points of a path onto the page, arcs as chords too short to be told from them.
+void Painter::putOnPage(const Scope& scope, const Primitive& primitive)
 {
     const std::span<const Vertex> vertices = scope.list.vertices(primitive);
-    std::vector<Vertex> points;
-    points.reserve(vertices.size());
+    m_points.clear();
     if (primitive.kind == Primitive::kPath)
     {
         for (const Vertex& vertex : vertices)
-            points.push_back(scope.toPage * vertex);
-        return points;
+            m_points.push_back(scope.toPage * vertex);
+        return;
     }
     const size_t count = vertices.size() / 2;
     for (size_t i = 0; i < count; ++i)
     {
         const Vertex& from = vertices[2 * i];
-        points.push_back(scope.toPage * from);
+        m_points.push_back(scope.toPage * from);
         const double bulge = vertices[2 * i + 1].x;
         if (bulge == 0.0 || (i + 1 == count && !primitive.closed))
             continue;
@@ -154,143 +234,90 @@ std::vector<Vertex> Painter::onPage(const Scope& scope, const Primitive& primiti
         for (int k = 1; k < chords; ++k)
         {
             const AcGePoint2d on = arc.at(static_cast<double>(k) / chords);
-            points.push_back(scope.toPage * Vertex{on.x, on.y});
+            m_points.push_back(scope.toPage * Vertex{on.x, on.y});
         }
     }
-    return points;
-}
-
-/// Draws a line as far as it is on the page; points nearer together than `gap` become one.
-void Painter::stroke(const std::vector<Vertex>& points, bool closed, double gap)
-{
-    Box2d box;
-    for (const Vertex& point : points)
-        box.add(point.x, point.y);
-    if (box.isEmpty() || box.isApart(m_reach, 0.0))
-        return;
-    if (std::max(box.maxX - box.minX, box.maxY - box.minY) < gap)
-        return paintSpeck(box);
-    const bool isInside =
-        box.minX >= m_reach.minX && box.maxX <= m_reach.maxX && box.minY >= m_reach.minY && box.maxY <= m_reach.maxY;
-    m_run.clear();
-    const auto add = [&](const Vertex& v)
-    {
-        if (m_run.empty() || distance(m_run.back(), v) >= gap)
-            m_run.push_back(v);
-    };
-    if (isInside)
-    {
-        for (const Vertex& point : points)
-            add(point);
-        if (!closed && (m_run.back().x != points.back().x || m_run.back().y != points.back().y))
-            m_run.push_back(points.back());
-        return m_canvas.line(m_run, closed);
-    }
-    const size_t pieces = closed ? points.size() : points.size() - 1;
-    for (size_t i = 0; i < pieces; ++i)
-    {
-        Vertex from = points[i];
-        Vertex to = points[i + 1 < points.size() ? i + 1 : 0];
-        const Vertex end = to;
-        if (!clipLine(from, to, m_reach))
-            continue;
-        if (m_run.empty() || distance(m_run.back(), from) > gap)
-        {
-            m_canvas.line(m_run);
-            m_run.assign(1, from);
-        }
-        m_run.push_back(to);
-        if (to.x != end.x || to.y != end.y)
-        {
-            m_canvas.line(m_run);
-            m_run.clear();
-        }
-    }
-    m_canvas.line(m_run);
-}
-
-/// What is smaller than can be told stays to be seen as a speck.
-void Painter::paintSpeck(const Box2d& box)
-{
-    const double half = m_appearance.speck / 2;
-    const Vertex middle{(box.minX + box.maxX) / 2, (box.minY + box.maxY) / 2};
-    const std::array<Vertex, 2> speck{Vertex{middle.x - half, middle.y}, Vertex{middle.x + half, middle.y}};
-    m_canvas.line(speck);
 }
 
 void Painter::paintPath(const Scope& scope, const Primitive& primitive, const Pen& pen)
 {
-    const double gap = m_appearance.gap;
-    const std::vector<Vertex> points = onPage(scope, primitive);
+    putOnPage(scope, primitive);
     const Linetype& linetype = m_lists.looks().linetype(pen.linetype);
+    if (linetype.dashes.empty())
+        return m_stroker.line(m_points, primitive.closed, m_appearance.gap);
     const double scale = scope.toPage.stretch() * m_lists.linetypeScale() * pen.linetypeScale;
-    const double period = linetype.length * scale;
-    double length = 0.0;
-    if (!linetype.dashes.empty())
-        for (size_t i = 1; i < points.size(); ++i)
-            length += distance(points[i - 1], points[i]);
-    const bool isDashed = !linetype.dashes.empty() && period > kShortestDash * m_appearance.speck &&
-                          length / period * static_cast<double>(linetype.dashes.size()) < kMostDashes;
-    if (!isDashed)
-        return stroke(points, primitive.closed, gap);
-    walkDashes(linetype, scale, points, primitive.closed,
-               [&](std::span<const Vertex> dash) {
-                   stroke({dash.begin(), dash.end()}, false, gap);
-               });
+    m_stroker.dashed(m_points, primitive.closed, linetype, scale);
 }
 
 void Painter::paintStrokes(const Scope& scope, const Primitive& primitive)
 {
     const std::span<const Vertex> vertices = scope.list.vertices(primitive);
-    for (size_t i = 0; i + 1 < vertices.size() && spend(); i += 2)
-        stroke({scope.toPage * vertices[i], scope.toPage * vertices[i + 1]}, false, m_appearance.gap);
+    for (size_t i = 0; i + 1 < vertices.size(); i += 2)
+        m_stroker.line(std::array{scope.toPage * vertices[i], scope.toPage * vertices[i + 1]}, false, m_appearance.gap);
 }
 
 void Painter::paintArea(const Scope& scope, const Primitive& primitive, const Pen& pen)
 {
     const std::span<const Vertex> vertices = scope.list.vertices(primitive);
+    const double gap = m_appearance.gap * m_appearance.gap;
     std::vector<std::vector<Vertex>> loops;
     Box2d box;
     for (size_t i = 0; i < vertices.size();)
     {
         const auto count = static_cast<size_t>(vertices[i++].x);
-        std::vector<Vertex> loop;
+        m_points.clear();
         for (size_t k = 0; k < count; ++k)
         {
-            loop.push_back(scope.toPage * vertices[i++]);
-            box.add(loop.back().x, loop.back().y);
+            const Vertex at = scope.toPage * vertices[i++];
+            box.add(at.x, at.y);
+            const bool isApart = m_points.empty() ||
+                                 std::pow(at.x - m_points.back().x, 2) + std::pow(at.y - m_points.back().y, 2) >= gap;
+            if (isApart || count <= 4)
+                m_points.push_back(at);
         }
-        if (std::vector<Vertex> kept = clipLoop(loop, m_page); kept.size() > 2)
+        if (std::vector<Vertex> kept = clipLoop(m_points, m_page); kept.size() > 2)
             loops.push_back(std::move(kept));
     }
-    const double pixel = m_appearance.speck;
+    if (!box.isEmpty() && isPixels() && std::max(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
+        return m_stroker.speck(box);
     if (loops.empty())
         return;
     m_canvas.area(loops, colorOf(pen), primitive.kind == Primitive::kArea);
     // A sliver may cover no pixel: its outline does.
-    if (m_canvas.medium() == Medium::kPixels && std::min(box.maxX - box.minX, box.maxY - box.minY) < pixel)
-        stroke(loops.front(), true, 0.5 * pixel);
+    if (isPixels() && std::min(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
+        m_stroker.line(loops.front(), true, 0.5 * m_appearance.speck);
+}
+
+/// Half the size of a point's mark on the page.
+double Painter::halfDot(bool isSurvey, double scale) const
+{
+    if (isSurvey)
+        return std::max(kSurveyArm * m_lists.metre() * scale, m_appearance.speck);
+    if (m_lists.pointStyle().mode <= 1)
+        return m_appearance.speck;
+    const double page = m_appearance.pageHeight > 0.0 ? m_appearance.pageHeight : m_page.maxY - m_page.minY;
+    const double given = m_lists.pointStyle().size;
+    return given > 0.0 ? given * scale / 2 : (given < 0.0 ? -given / 100.0 : kPointShare) * page / 2;
 }
 
 void Painter::paintDot(const Vertex& at, bool isSurvey, double scale)
 {
-    if (at.x < m_reach.minX || at.x > m_reach.maxX || at.y < m_reach.minY || at.y > m_reach.maxY)
+    const double half = halfDot(isSurvey, scale);
+    const Box2d& reach = m_stroker.reach();
+    if (Box2d{at.x - 2 * half, at.y - 2 * half, at.x + 2 * half, at.y + 2 * half}.isApart(reach, 0.0))
         return;
     const int mode = isSurvey ? 3 : m_lists.pointStyle().mode;
-    const double given = m_lists.pointStyle().size;
-    double half = given > 0.0 ? given * scale / 2
-                              : (given < 0.0 ? -given / 100.0 : kPointShare) * (m_page.maxY - m_page.minY) / 2;
-    if (isSurvey)
-        half = std::max(kSurveyArm * m_lists.metre() * scale, m_appearance.speck);
     const auto line = [&](double x1, double y1, double x2, double y2)
     {
         const std::array<Vertex, 2> points{Vertex{at.x + x1, at.y + y1}, Vertex{at.x + x2, at.y + y2}};
-        m_canvas.line(points);
+        m_stroker.line(points, false, 0.0);
     };
+    if (isSurvey && isPixels() && kSurveyArm * m_lists.metre() * scale < m_appearance.speck)
+        return m_stroker.speck({at.x, at.y, at.x, at.y});
     switch (mode & 7)
     {
     case 0:
-        paintSpeck({at.x, at.y, at.x, at.y});
+        m_stroker.speck({at.x, at.y, at.x, at.y});
         break;
     case 2:
         line(-2 * half, 0, 2 * half, 0);
@@ -313,13 +340,13 @@ void Painter::paintDot(const Vertex& at, bool isSurvey, double scale)
         for (int i = 0; i < 32; ++i)
             circle.push_back(
                 {at.x + half * std::cos(i * std::numbers::pi / 16), at.y + half * std::sin(i * std::numbers::pi / 16)});
-        m_canvas.line(circle, true);
+        m_stroker.line(circle, true, 0.0);
     }
     if ((mode & 64) != 0)
     {
         const std::array<Vertex, 4> square{Vertex{at.x - half, at.y - half}, Vertex{at.x + half, at.y - half},
                                            Vertex{at.x + half, at.y + half}, Vertex{at.x - half, at.y + half}};
-        m_canvas.line(square, true);
+        m_stroker.line(square, true, 0.0);
     }
 }
 
@@ -330,14 +357,14 @@ void Painter::paintStraight(const Scope& scope, const Primitive& primitive)
     const Vertex towards{scope.toPage.xx * vertices[1].x + scope.toPage.xy * vertices[1].y,
                          scope.toPage.yx * vertices[1].x + scope.toPage.yy * vertices[1].y};
     const double size = std::hypot(towards.x, towards.y);
-    const double far = std::hypot(base.x, base.y) + m_reach.magnitude() * 4;
+    const double far = std::hypot(base.x, base.y) + m_stroker.reach().magnitude() * 4;
     if (!(size > 0.0) || !std::isfinite(far))
         return;
     const Vertex unit{towards.x / size, towards.y / size};
     const double back = primitive.kind == Primitive::kInfinite ? -far : 0.0;
     Vertex from{base.x + unit.x * back, base.y + unit.y * back};
     Vertex to{base.x + unit.x * far, base.y + unit.y * far};
-    if (clipLine(from, to, m_reach))
+    if (clipLine(from, to, m_stroker.reach()))
         m_canvas.line(std::array<Vertex, 2>{from, to});
 }
 
@@ -346,22 +373,24 @@ void Painter::paintText(const Scope& scope, const Primitive& primitive, const Pe
     const PlacedText& text = scope.list.text(primitive);
     const Map2d map = scope.toPage * text.map();
     const Box2d box = map.boxAround({0.0, -0.5, std::max<double>(text.advance, 0.5), 1.5});
-    if (box.isEmpty() || box.isApart(m_reach, 0.0))
+    if (box.isEmpty() || box.isApart(m_stroker.reach(), 0.0))
         return;
     const double height = std::hypot(map.xy, map.yy);
     const std::u16string_view letters = scope.list.letters(text);
-    const double right = text.advance;
-    if (height < m_appearance.speck)
-        stroke({map * Vertex{0.0, 0.5}, map * Vertex{right, 0.5}}, false, m_appearance.speck);
-    else if (height < kBarHeight * m_appearance.speck)
-    {
-        const std::vector<Vertex> bar{map * Vertex{0.0, 0.2}, map * Vertex{right, 0.2}, map * Vertex{right, 0.8},
-                                      map * Vertex{0.0, 0.8}};
-        m_canvas.area({&bar, 1}, colorOf(pen), true);
-    }
+    // On paper a text stays a text, however small.
+    if (isPixels() && height < kBarHeight * m_appearance.speck)
+        paintBar(map, text.advance, height, pen);
     else
         paintGlyphs(letters, scope.list.font(text), map, pen);
     m_canvas.searchable(letters, map, text.advance);
+}
+
+/// What a text too low to be read looks like.
+void Painter::paintBar(const Map2d& map, double advance, double height, const Pen& pen)
+{
+    constexpr double kInkShare = 0.6; // of the height, for the body of small letters
+    m_canvas.setPen(colorOf(pen), std::max(m_appearance.thinLine, kInkShare * height));
+    m_stroker.line(std::array{map * Vertex{0.0, 0.5}, map * Vertex{advance, 0.5}}, false, m_appearance.speck);
 }
 
 void Painter::paintGlyphs(std::u16string_view letters, const Font& font, const Map2d& map, const Pen& pen)
@@ -376,13 +405,12 @@ void Painter::paintGlyphs(std::u16string_view letters, const Font& font, const M
             continue;
         for (const std::vector<Vertex>& path : glyph->paths)
         {
-            std::vector<Vertex> points;
-            points.reserve(path.size());
+            m_points.clear();
             for (const Vertex& vertex : path)
-                points.push_back(map * Vertex{vertex.x + along, vertex.y});
+                m_points.push_back(map * Vertex{vertex.x + along, vertex.y});
             if (!font.isFilled())
-                stroke(points, false, gap);
-            else if (std::vector<Vertex> kept = clipLoop(points, m_page); kept.size() > 2)
+                m_stroker.line(m_points, false, gap);
+            else if (std::vector<Vertex> kept = clipLoop(m_points, m_page); kept.size() > 2)
                 outlines.push_back(std::move(kept));
         }
         along += glyph->advance;
@@ -396,65 +424,41 @@ void Painter::paintBlock(const Scope& scope, const Primitive& primitive, const P
     const PlacedBlock& placed = scope.list.block(primitive);
     if (const Grid* grid = scope.list.grid(placed))
         return paintCopies(scope, placed, *grid, pen);
-    DisplayList& list = m_lists.list(placed.block);
-    const Scope inner{list, scope.toPage * placed.map, &pen, scope.depth + 1};
-    const Box2d box = inner.toPage.boxAround(list.box());
-    if (box.isEmpty() || (box.isApart(m_reach, 0.0) && !list.isEndless()))
+    const DisplayList& list = m_lists.list(placed.block);
+    const Map2d toPage = scope.toPage * placed.map;
+    const Box2d box = toPage.boxAround(list.box());
+    const bool mayReach = list.isEndless() || (list.isScreenSized() && m_lists.pointStyle().mode > 1);
+    if (!mayReach && (box.isEmpty() || box.isApart(m_stroker.reach(), 0.0)))
         return;
-    if (!list.isEndless() && m_canvas.medium() == Medium::kPixels &&
-        std::max(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
-    {
-        usePen(pen);
-        return paintSpeck(box);
-    }
-    for (uint32_t i = 0; i < list.items().size(); ++i)
-        paintItem(inner, i);
+    paintContents(scopeOf(list, toPage, &pen));
 }
 
-/// Rows and columns: only the copies that are on the page; where they stand closer than pixels, the ground they cover.
+/// Rows and columns: only the copies that are on the page; where they are beyond counting, the ground they cover.
 void Painter::paintCopies(const Scope& scope, const PlacedBlock& placed, const Grid& grid, const Pen& pen)
 {
-    constexpr double kMostCopies = 20'000.0;
-    DisplayList& list = m_lists.list(placed.block);
+    const DisplayList& list = m_lists.list(placed.block);
     const Map2d first = scope.toPage * placed.map;
-    const Map2d& toPage = scope.toPage;
-    const auto stepOf = [&toPage](const Vertex& v) {
-        return Vertex{toPage.xx * v.x + toPage.xy * v.y, toPage.yx * v.x + toPage.yy * v.y};
-    };
-    const Vertex column = stepOf(grid.columnStep);
-    const Vertex row = stepOf(grid.rowStep);
     const Box2d box = first.boxAround(list.box());
     if (box.isEmpty())
         return;
-    const double copies = static_cast<double>(grid.columns) * grid.rows;
-    if (copies > kMostCopies)
+    const Copies copies{grid, scope.toPage, box, m_stroker.reach()};
+    if (!copies.areCountable())
     {
-        m_lists.notes().texts.insert("rows and columns of more than 20,000 copies are drawn as the area they cover");
-        const Vertex right{column.x * (grid.columns - 1), column.y * (grid.columns - 1)};
-        const Vertex up{row.x * (grid.rows - 1), row.y * (grid.rows - 1)};
-        const Vertex at{box.minX, box.minY};
-        const std::vector<Vertex> ground{at,
-                                         {at.x + right.x, at.y + right.y},
-                                         {at.x + right.x + up.x, at.y + right.y + up.y},
-                                         {at.x + up.x, at.y + up.y}};
+        m_notes.texts.insert("rows and columns of more than 200,000 copies in view are drawn as the area they cover");
+        const std::vector<Vertex> ground = copies.ground();
         usePen(pen);
         if (const std::vector<Vertex> kept = clipLoop(ground, m_page); kept.size() > 2)
             m_canvas.area({&kept, 1}, colorOf(pen), true);
-        return stroke(ground, true, 0.0);
+        return m_stroker.line(ground, true, 0.0);
     }
-    for (uint32_t r = 0; r < grid.rows; ++r)
-        for (uint32_t c = 0; c < grid.columns; ++c)
+    copies.visit(
+        [&](const Vertex& by)
         {
-            const Vertex by{column.x * c + row.x * r, column.y * c + row.y * r};
-            if (Box2d{box.minX + by.x, box.minY + by.y, box.maxX + by.x, box.maxY + by.y}.isApart(m_reach, 0.0))
-                continue;
             Map2d map = first;
             map.dx += by.x;
             map.dy += by.y;
-            const Scope inner{list, map, &pen, scope.depth + 1};
-            for (uint32_t i = 0; i < list.items().size(); ++i)
-                paintItem(inner, i);
-        }
+            paintContents(scopeOf(list, map, &pen));
+        });
 }
 
 } // namespace picture
