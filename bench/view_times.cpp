@@ -6,6 +6,8 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <malloc.h>
@@ -43,8 +45,26 @@ size_t heapInUse()
 
 void waitUntilSharp(const desktop::DrawingView& view)
 {
-    while (!view.isSharp())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+    QEventLoop loop;
+    QObject::connect(&view, &desktop::DrawingView::sharp, &loop, &QEventLoop::quit);
+    if (!view.isSharp())
+        loop.exec();
+}
+
+void pause(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Processor time of this thread, which answers the user: what other programs and the painting threads take meanwhile
+/// does not count.
+double threadSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 Times sharp(desktop::DrawingView& view)
@@ -63,24 +83,22 @@ Times sharp(desktop::DrawingView& view)
 }
 
 /// What a wheel step or a move of the mouse costs until it is on the screen, one after the other as a user does it.
-std::vector<double> answers(desktop::DrawingView& view, const std::function<void(int step)>& act, int pause)
+std::vector<Times> answers(desktop::DrawingView& view, const std::function<void(int step)>& act, int between)
 {
-    std::vector<double> times;
+    std::vector<Times> times;
     for (int step = 0; step < kSteps; ++step)
     {
-        times.push_back(timed(
-                            [&]
-                            {
-                                act(step);
-                                view.repaint();
-                            })
-                            .wall);
-        QElapsedTimer wait;
-        wait.start();
-        while (wait.elapsed() < pause)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        const double before = threadSeconds();
+        Times answer = timed(
+            [&]
+            {
+                act(step);
+                view.repaint();
+            });
+        answer.cpu = threadSeconds() - before;
+        times.push_back(answer);
+        pause(between);
     }
-    std::sort(times.begin(), times.end());
     return times;
 }
 
@@ -91,12 +109,22 @@ void wheel(desktop::DrawingView& view, int delta)
     QCoreApplication::sendEvent(&view, &event);
 }
 
-void print(const char* name, const std::vector<double>& times)
+void print(const char* name, const std::vector<Times>& times)
 {
-    std::printf("\"%s median\": %.6f, \"%s worst\": %.6f, ", name, times[times.size() / 2], name, times.back());
+    const auto show = [&](const char* kind, double Times::*part)
+    {
+        std::vector<double> sorted;
+        for (const Times& each : times)
+            sorted.push_back(each.*part);
+        std::sort(sorted.begin(), sorted.end());
+        std::printf("\"%s%s median\": %.6f, \"%s%s worst\": %.6f, ", name, kind, sorted[sorted.size() / 2], name, kind,
+                    sorted.back());
+    };
+    show("", &Times::wall);
+    show(" cpu", &Times::cpu);
 }
 
-size_t entitiesOf(picture::DrawingLists& lists)
+size_t entitiesOf(const picture::DrawingLists& lists)
 {
     size_t sum = 0;
     for (uint32_t i = 0; i < lists.count(); ++i)
@@ -104,7 +132,7 @@ size_t entitiesOf(picture::DrawingLists& lists)
     return sum;
 }
 
-size_t verticesOf(picture::DrawingLists& lists)
+size_t verticesOf(const picture::DrawingLists& lists)
 {
     size_t sum = 0;
     for (uint32_t i = 0; i < lists.count(); ++i)
@@ -141,11 +169,18 @@ void measure(const std::string& path)
     std::printf("\"load\": %.4f, \"build\": %.4f, \"build cpu\": %.4f, \"shown\": %.4f, \"first sharp\": %.4f, "
                 "\"first cpu\": %.4f, \"sharp\": %.4f, \"sharp cpu\": %.4f, ",
                 loaded, built.wall, built.cpu, shown, first, firstCpu, again.wall, again.cpu);
-    print("wheel", answers(view, [&](int step) { wheel(view, step % 20 < 10 ? 120 : -120); }, 30));
-    print("slow wheel", answers(view, [&](int step) { wheel(view, step % 20 < 10 ? 120 : -120); }, 400));
+    print("wheel", answers(
+                       view, [&](int step) { wheel(view, step % 20 < 10 ? 120 : -120); }, 30));
+    print("slow wheel", answers(
+                            view, [&](int step) { wheel(view, step % 20 < 10 ? 120 : -120); }, 400));
     view.zoomExtents();
     waitUntilSharp(view);
-    print("drag", answers(view, [&](int step) { view.pan({step % 40 < 20 ? 17.0 : -17.0, 9.0}); }, 15));
+    print("drag", answers(
+                      view,
+                      [&](int step) {
+                          view.pan({step % 40 < 20 ? 17.0 : -17.0, 9.0});
+                      },
+                      15));
     std::printf("\"window\": \"%d x %d\"}\n", kWindow.width(), kWindow.height());
 }
 

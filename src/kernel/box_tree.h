@@ -36,7 +36,8 @@ public:
     void visit(const IsApart& isApart, Found&& found)
     {
         prepare();
-        search(isApart, [](const Box2d&) { return false; }, found);
+        search(
+            isApart, [](const Box2d&) { return false; }, found);
     }
 
     /// The same for a tree that is prepared. What is in a box that `holds` says is held is found unseen.

@@ -32,6 +32,12 @@ struct Map2d
     {
         return {m.entry[0][0], m.entry[0][1], m.entry[1][0], m.entry[1][1], m.entry[0][3], m.entry[1][3]};
     }
+    static Map2d translation(const Vertex& by) { return {1.0, 0.0, 0.0, 1.0, by.x, by.y}; }
+    static Map2d rotation(double angle)
+    {
+        return {std::cos(angle), -std::sin(angle), std::sin(angle), std::cos(angle), 0.0, 0.0};
+    }
+    static Map2d scaling(double x, double y) { return {x, 0.0, 0.0, y, 0.0, 0.0}; }
     Vertex operator*(const Vertex& v) const { return {xx * v.x + xy * v.y + dx, yx * v.x + yy * v.y + dy}; }
     /// Does `right` first, then this.
     Map2d operator*(const Map2d& right) const

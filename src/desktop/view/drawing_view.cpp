@@ -15,6 +15,15 @@ namespace desktop
 namespace
 {
 
+template <class Ids>
+std::unordered_set<const ObjectRecord*> recordsOf(const Ids& ids)
+{
+    std::unordered_set<const ObjectRecord*> records;
+    for (const AcDbObjectId id : ids)
+        records.insert(id.record());
+    return records;
+}
+
 constexpr double kPickPixels = 5.0;
 constexpr double kDragPixels = 4.0;
 constexpr double kWheelFactor = 1.25; ///< a step of 15 degrees
@@ -31,18 +40,15 @@ DrawingView::DrawingView(QWidget* parent) : QWidget{parent}
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::CrossCursor);
-    m_settle.setSingleShot(true);
-    connect(&m_settle, &QTimer::timeout, this,
-            [this]
-            {
-                paintPicture();
-                update();
-            });
+    m_picture.setBackground(m_background);
+    connect(&m_picture, &ViewPicture::changed, this, [this] { update(); });
+    connect(&m_picture, &ViewPicture::becameSharp, this, &DrawingView::sharp);
 }
 
 DrawingView::~DrawingView()
 {
-    setScene(nullptr);
+    if (m_scene)
+        m_scene->unwatch(this);
 }
 
 void DrawingView::setScene(std::shared_ptr<Scene> scene)
@@ -50,30 +56,37 @@ void DrawingView::setScene(std::shared_ptr<Scene> scene)
     if (m_scene)
         m_scene->unwatch(this);
     m_scene = std::move(scene);
-    m_space = nullptr;
     m_highlighted.clear();
     m_hidden.clear();
     m_hiddenLayers.clear();
-    dropMeasured();
     if (m_scene)
-    {
-        m_scene->watch(this, [this] { repaintPicture(); });
-        zoomExtents();
-    }
-    repaintPicture();
+        m_scene->watch(this,
+                       [this](const std::optional<Box2d>& changed)
+                       {
+                           showHidden();
+                           showHighlighted();
+                           // A layout may show model space too: its own box says nothing then.
+                           m_picture.invalidate(m_space == nullptr ? changed : std::nullopt);
+                           update();
+                       });
+    setSpace(nullptr);
 }
 
 void DrawingView::setSpace(const ObjectRecord* block)
 {
     m_space = block;
-    dropMeasured();
+    m_measured.clear();
+    m_pressed.reset();
+    m_picture.setSource(m_scene, m_space);
+    showHidden();
+    showHighlighted();
     zoomExtents();
-    repaintPicture();
+    showFrame();
 }
 
-picture::DisplayList* DrawingView::list()
+const picture::DisplayList* DrawingView::list() const
 {
-    return m_scene ? &m_scene->lists().space(m_space) : nullptr;
+    return m_scene ? &m_scene->space(m_space) : nullptr;
 }
 
 void DrawingView::setFrame(const ViewFrame& frame)
@@ -87,8 +100,14 @@ void DrawingView::changeFrame(const ViewFrame& frame)
         return;
     m_frame = frame;
     m_frame.height = std::clamp(frame.height, kSmallest, kLargest);
-    repaintPicture();
+    showFrame();
     emit viewChanged();
+}
+
+void DrawingView::showFrame()
+{
+    m_picture.show(m_frame, size() * devicePixelRatioF(), devicePixelRatioF());
+    update();
 }
 
 Box2d DrawingView::shownBox() const
@@ -129,42 +148,71 @@ void DrawingView::zoomBy(double factor, QPointF about)
 void DrawingView::pan(QPointF pixels)
 {
     const double unit = m_frame.height / std::max(1, height());
+    // What is there is carried over pixel by pixel.
+    const double ratio = devicePixelRatioF();
     ViewFrame frame = m_frame;
-    frame.centre.x -= pixels.x() * unit;
-    frame.centre.y += pixels.y() * unit;
+    frame.centre.x -= std::round(pixels.x() * ratio) / ratio * unit;
+    frame.centre.y += std::round(pixels.y() * ratio) / ratio * unit;
     changeFrame(frame);
 }
 
 void DrawingView::setHighlighted(std::vector<AcDbObjectId> entities)
 {
     m_highlighted = std::move(entities);
+    showHighlighted();
+}
+
+void DrawingView::showHighlighted()
+{
+    const picture::DisplayList* shown = list();
+    m_picture.setHighlighted(shown != nullptr ? shown->itemsOf(recordsOf(m_highlighted)) : std::vector<uint32_t>{});
     update();
 }
 
-Box2d DrawingView::boxOf(const std::vector<AcDbObjectId>& entities)
+Box2d DrawingView::boxOf(const std::vector<AcDbObjectId>& entities) const
 {
     Box2d box;
     if (const picture::DisplayList* shown = list())
-    {
-        const std::unordered_set<AcDbObjectId> sought{entities.begin(), entities.end()};
-        for (uint32_t i = 0; i < shown->items().size(); ++i)
-            if (sought.count(AcDbObjectId{shown->items()[i].entity}) != 0 && !shown->box(i).isEmpty())
-                box.add(shown->box(i));
-    }
+        for (const uint32_t item : shown->itemsOf(recordsOf(entities)))
+            if (!shown->box(item).isEmpty())
+                box.add(shown->box(item));
     return box;
 }
 
 void DrawingView::setHidden(std::unordered_set<AcDbObjectId> entities, std::set<std::u16string> layers)
 {
+    if (entities == m_hidden && layers == m_hiddenLayers)
+        return;
     m_hidden = std::move(entities);
     m_hiddenLayers = std::move(layers);
-    repaintPicture();
+    showHidden();
+    m_picture.invalidate(std::nullopt);
+    update();
+}
+
+/// Turns what is hidden into marks by the numbers that the picture knows.
+void DrawingView::showHidden()
+{
+    const picture::DisplayList* shown = list();
+    std::shared_ptr<picture::Hidden> hidden;
+    if (shown != nullptr && !(m_hidden.empty() && m_hiddenLayers.empty()))
+    {
+        hidden = std::make_shared<picture::Hidden>();
+        hidden->items.resize(shown->items().size());
+        for (const uint32_t item : shown->itemsOf(recordsOf(m_hidden)))
+            hidden->items[item] = true;
+        for (const picture::Layer& layer : m_scene->lists().looks().layers())
+            hidden->layers.push_back(std::any_of(m_hiddenLayers.begin(), m_hiddenLayers.end(),
+                                                 [&](const auto& name) { return equalNoCase(name, layer.name); }));
+    }
+    m_picture.setHidden(hidden);
 }
 
 void DrawingView::setBackground(picture::Rgb background)
 {
     m_background = background;
-    repaintPicture();
+    m_picture.setBackground(background);
+    update();
 }
 
 void DrawingView::setCrosshair(bool on)
@@ -173,14 +221,14 @@ void DrawingView::setCrosshair(bool on)
     update();
 }
 
-AcDbObjectId DrawingView::pick(QPointF at)
+AcDbObjectId DrawingView::pick(QPointF at) const
 {
-    picture::DisplayList* shown = list();
+    const picture::DisplayList* shown = list();
     if (shown == nullptr)
         return AcDbObjectId::kNull;
     const double reach = kPickPixels * m_frame.height / std::max(1, height());
-    const auto isSought = [&](uint32_t item) { return m_hidden.count(AcDbObjectId{shown->items()[item].entity}) == 0; };
-    const std::optional<uint32_t> item = picture::pickItem(m_scene->lists(), *shown, toWorld(at), reach, isSought);
+    const std::optional<uint32_t> item =
+        picture::pickItem(m_scene->lists(), *shown, toWorld(at), reach, m_picture.hidden());
     return item ? AcDbObjectId{shown->items()[*item].entity} : AcDbObjectId::kNull;
 }
 
@@ -201,7 +249,7 @@ void DrawingView::setTool(Tool tool)
         return;
     m_tool = tool;
     m_pressed.reset();
-    dropMeasured();
+    m_measured.clear();
     update();
     emit toolChanged();
 }
@@ -210,18 +258,13 @@ bool DrawingView::cancel()
 {
     const bool isBegun = m_pressed.has_value() || !m_measured.empty();
     m_pressed.reset();
-    dropMeasured();
+    m_measured.clear();
     update();
     if (!isBegun && m_tool == Tool::kPick)
         return false;
     if (!isBegun)
         setTool(Tool::kPick);
     return true;
-}
-
-void DrawingView::dropMeasured()
-{
-    m_measured.clear();
 }
 
 bool DrawingView::handleKey(int key, Qt::KeyboardModifiers modifiers)
@@ -301,15 +344,18 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event)
     const picture::Vertex at = toWorld(*m_cursor);
     emit cursorMoved(at.x, at.y);
     if (!m_measured.empty())
-    {
-        double total = 0.0;
-        for (size_t i = 1; i < m_measured.size(); ++i)
-            total += std::hypot(m_measured[i].x - m_measured[i - 1].x, m_measured[i].y - m_measured[i - 1].y);
-        const double dx = at.x - m_measured.back().x;
-        const double dy = at.y - m_measured.back().y;
-        emit measured(std::hypot(dx, dy), total + std::hypot(dx, dy), dx, dy);
-    }
+        tellMeasured(at);
     update();
+}
+
+void DrawingView::tellMeasured(const picture::Vertex& at)
+{
+    double total = 0.0;
+    for (size_t i = 1; i < m_measured.size(); ++i)
+        total += std::hypot(m_measured[i].x - m_measured[i - 1].x, m_measured[i].y - m_measured[i - 1].y);
+    const double dx = at.x - m_measured.back().x;
+    const double dy = at.y - m_measured.back().y;
+    emit measured(std::hypot(dx, dy), total + std::hypot(dx, dy), dx, dy);
 }
 
 void DrawingView::mouseReleaseEvent(QMouseEvent* event)
@@ -375,53 +421,15 @@ void DrawingView::leaveEvent(QEvent* event)
 
 void DrawingView::resizeEvent(QResizeEvent* event)
 {
-    repaintPicture();
+    showFrame();
     QWidget::resizeEvent(event);
     emit viewChanged();
-}
-
-void DrawingView::repaintPicture()
-{
-    m_isSharp = false;
-    m_settle.start(0);
-    update();
-}
-
-void DrawingView::paintPicture()
-{
-    const double ratio = devicePixelRatioF();
-    QImage image{size() * ratio, QImage::Format_RGB32};
-    image.fill(m_background);
-    if (picture::DisplayList* shown = list())
-    {
-        picture::Canvas canvas{image};
-        picture::Appearance appearance;
-        appearance.background = m_background;
-        appearance.thinLine = 0.0;
-        const Box2d page{0.0, 0.0, static_cast<double>(image.width()), static_cast<double>(image.height())};
-        picture::Painter{m_scene->lists(), canvas, appearance, page, m_scene->lists().notes()}.paint(
-            *shown, m_frame.toPixels(image.width(), std::max(1, image.height())));
-    }
-    m_picture = std::move(image);
-    m_pictured = m_frame;
-    m_isSharp = true;
-    emit sharp();
 }
 
 void DrawingView::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
-    painter.fillRect(rect(), QColor::fromRgb(m_background));
-    if (!m_picture.isNull())
-    {
-        // Where the corners of what was painted are now.
-        const double aspect = static_cast<double>(m_picture.width()) / m_picture.height();
-        const double halfWidth = m_pictured.height * aspect / 2;
-        const QPointF corner = toWidget({m_pictured.centre.x - halfWidth, m_pictured.centre.y + m_pictured.height / 2});
-        const QPointF opposite =
-            toWidget({m_pictured.centre.x + halfWidth, m_pictured.centre.y - m_pictured.height / 2});
-        painter.drawImage(QRectF{corner, opposite}, m_picture);
-    }
+    m_picture.paint(painter);
     paintTool(painter);
 }
 
@@ -429,11 +437,6 @@ void DrawingView::paintTool(QPainter& painter)
 {
     const QColor ink = QColor::fromRgb(picture::inkOn(m_background));
     const QColor accent{0x3D, 0x8B, 0xFD};
-    if (const Box2d box = m_highlighted.empty() ? Box2d{} : boxOf(m_highlighted); !box.isEmpty())
-    {
-        painter.setPen(QPen{accent, 2.0});
-        painter.drawRect(QRectF{toWidget({box.minX, box.maxY}), toWidget({box.maxX, box.minY})});
-    }
     if (m_pressed && m_cursor && (*m_cursor - *m_pressed).manhattanLength() > kDragPixels)
     {
         painter.setPen(QPen{accent, 1.0, m_cursor->x() < m_pressed->x() ? Qt::DashLine : Qt::SolidLine});

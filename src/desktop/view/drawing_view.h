@@ -2,11 +2,10 @@
 
 #include "desktop/view/scene.h"
 #include "desktop/view/view_frame.h"
+#include "desktop/view/view_picture.h"
 #include "store/object_id.h"
 
-#include <QImage>
 #include <QPointF>
-#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -52,7 +51,7 @@ public:
     /// Entities that stand out, in place of those that did. Those of other spaces do no harm.
     void setHighlighted(std::vector<AcDbObjectId> entities);
     /// The box around entities of this space, drawing units; empty where none of them shows anything.
-    Box2d boxOf(const std::vector<AcDbObjectId>& entities);
+    Box2d boxOf(const std::vector<AcDbObjectId>& entities) const;
     /// Leaves entities and whole layers (by name) out of this view; the drawing knows nothing of it.
     void setHidden(std::unordered_set<AcDbObjectId> entities, std::set<std::u16string> layers);
     void setBackground(picture::Rgb background);
@@ -61,7 +60,7 @@ public:
     void setCrosshair(bool on);
 
     /// The entity that is drawn at a place of the widget, the topmost within a few pixels; null when there is none.
-    AcDbObjectId pick(QPointF at);
+    AcDbObjectId pick(QPointF at) const;
     picture::Vertex toWorld(QPointF at) const;
     QPointF toWidget(const picture::Vertex& world) const;
 
@@ -81,7 +80,7 @@ public:
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
 
     /// Whether all that is seen is sharp: nothing is being painted.
-    bool isSharp() const { return m_isSharp; }
+    bool isSharp() const { return m_picture.isSharp(); }
 
 signals:
     void cursorMoved(double x, double y);
@@ -110,12 +109,14 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    picture::DisplayList* list();
+    const picture::DisplayList* list() const;
     void changeFrame(const ViewFrame& frame);
-    void repaintPicture();
-    void paintPicture();
+    void showFrame();
+    void showHidden();
+    void showHighlighted();
     void paintTool(QPainter& painter);
-    void dropMeasured();
+    void paintMeasured(QPainter& painter, const QColor& color);
+    void tellMeasured(const picture::Vertex& at);
     void finishWindow(QPointF at);
 
     std::shared_ptr<Scene> m_scene;
@@ -123,7 +124,6 @@ private:
     ViewFrame m_frame;
     picture::Rgb m_background = 0x1E1E1E;
     bool m_hasCrosshair = true;
-    bool m_isSharp = false;
     std::vector<AcDbObjectId> m_highlighted;
     std::unordered_set<AcDbObjectId> m_hidden;
     std::set<std::u16string> m_hiddenLayers;
@@ -135,9 +135,7 @@ private:
     std::optional<QPointF> m_dragged;        ///< where the middle button was last
     std::vector<picture::Vertex> m_measured; ///< drawing units
 
-    QImage m_picture;
-    ViewFrame m_pictured;
-    QTimer m_settle;
+    ViewPicture m_picture;
 };
 
 } // namespace desktop

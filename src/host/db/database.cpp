@@ -211,7 +211,7 @@ uint64_t AcDbDatabase::takeHandle()
 
 void AcDbDatabase::noteChange(ObjectRecord& record)
 {
-    ++m_changeCount;
+    m_touched.push_back(&record);
     if (m_step != nullptr)
         m_step->note(record);
     if (record.has(ObjectRecord::kChanged))

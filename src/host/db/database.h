@@ -127,7 +127,10 @@ public:
     };
     const std::vector<Change>& changes() const { return m_changes; }
     /// Grows with every change of a record, so that what was worked out from the drawing can be told to be stale.
-    uint64_t changeCount() const { return m_changeCount; }
+    uint64_t changeCount() const { return m_touched.size(); }
+    /// The records of all changes in their order, `changeCount` of them: those that were changed again stand in it
+    /// again.
+    const std::vector<ObjectRecord*>& touched() const { return m_touched; }
     bool isModified() const;
     const AcRxClass* classOf(const ObjectRecord& record);
     std::string_view dxfNameOf(const ObjectRecord& record) const;
@@ -157,7 +160,7 @@ private:
     std::u16string m_symbolPath; ///< what `readDwgFile` was asked for
     std::vector<Change> m_changes;
     UndoStep* m_step = nullptr;
-    uint64_t m_changeCount = 0;
+    std::vector<ObjectRecord*> m_touched;
     std::vector<const HostClass*> m_classes; ///< by `ObjectRecord::kind`, filled as asked for
     std::unique_ptr<HeaderVariables> m_header;
     std::unique_ptr<TableIndex> m_tables;

@@ -35,6 +35,7 @@ void DisplayList::begin(ObjectRecord& entity)
 void DisplayList::beginAgain(uint32_t item)
 {
     m_open = item;
+    m_dead += m_items[item].count;
     m_items[item].first = static_cast<uint32_t>(m_primitives.size());
     m_items[item].count = 0;
     m_items[item].isScreenSized = 0;
@@ -134,6 +135,21 @@ void DisplayList::addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, 
         grow(box);
 }
 
+void DisplayList::addImage(uint32_t look, PlacedImage image)
+{
+    for (const Vertex& vertex : image.outline)
+        m_itemBox.add(vertex.x, vertex.y);
+    m_primitives.push_back({static_cast<uint32_t>(m_images.size()), 0, look, Primitive::kImage});
+    m_images.push_back(std::move(image));
+}
+
+void DisplayList::addView(uint32_t look, PlacedView view)
+{
+    grow(view.frame);
+    m_primitives.push_back({static_cast<uint32_t>(m_views.size()), 0, look, Primitive::kView});
+    m_views.push_back(std::move(view));
+}
+
 void DisplayList::reserve(size_t entities)
 {
     m_items.reserve(entities);
@@ -151,6 +167,72 @@ void DisplayList::finish()
     m_blocks.shrink_to_fit();
     m_grids.shrink_to_fit();
     m_places.prepare();
+}
+
+void DisplayList::finishChange()
+{
+    constexpr size_t kFewest = 1'000;
+    if (m_dead > kFewest + m_primitives.size() / 2)
+        compact();
+    m_places.prepare();
+}
+
+/// Copies what items have, and nothing else.
+void DisplayList::compact()
+{
+    DisplayList kept;
+    const auto take = [](auto& into, const auto& from, size_t first, size_t count)
+    {
+        const auto begin = from.begin() + static_cast<ptrdiff_t>(first);
+        into.insert(into.end(), begin, begin + static_cast<ptrdiff_t>(count));
+        return static_cast<uint32_t>(into.size() - count);
+    };
+    for (Item& item : m_items)
+    {
+        const auto first = static_cast<uint32_t>(kept.m_primitives.size());
+        for (Primitive primitive : primitives(item))
+        {
+            if (primitive.kind == Primitive::kText)
+            {
+                PlacedText text = m_texts[primitive.first];
+                text.firstUnit = take(kept.m_letters, m_letters, text.firstUnit, text.units);
+                primitive.first = take(kept.m_texts, std::span{&text, 1}, 0, 1);
+            }
+            else if (primitive.kind == Primitive::kBlock)
+            {
+                PlacedBlock block = m_blocks[primitive.first];
+                if (block.grid != PlacedBlock::kNoGrid)
+                    block.grid = take(kept.m_grids, m_grids, block.grid, 1);
+                primitive.first = take(kept.m_blocks, std::span{&block, 1}, 0, 1);
+            }
+            else if (primitive.kind == Primitive::kImage)
+                primitive.first = take(kept.m_images, m_images, primitive.first, 1);
+            else if (primitive.kind == Primitive::kView)
+                primitive.first = take(kept.m_views, m_views, primitive.first, 1);
+            else
+                primitive.first = take(kept.m_vertices, m_vertices, primitive.first, primitive.count);
+            kept.m_primitives.push_back(primitive);
+        }
+        item.first = first;
+    }
+    m_primitives = std::move(kept.m_primitives);
+    m_vertices = std::move(kept.m_vertices);
+    m_texts = std::move(kept.m_texts);
+    m_letters = std::move(kept.m_letters);
+    m_blocks = std::move(kept.m_blocks);
+    m_grids = std::move(kept.m_grids);
+    m_images = std::move(kept.m_images);
+    m_views = std::move(kept.m_views);
+    m_dead = 0;
+}
+
+std::vector<uint32_t> DisplayList::itemsOf(const std::unordered_set<const ObjectRecord*>& entities) const
+{
+    std::vector<uint32_t> found;
+    for (uint32_t item = 0; item < m_items.size() && !entities.empty(); ++item)
+        if (entities.count(m_items[item].entity) != 0)
+            found.push_back(item);
+    return found;
 }
 
 std::vector<uint32_t> DisplayList::itemsIn(const Box2d& window) const

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 struct ObjectRecord;
@@ -31,7 +32,9 @@ struct Primitive
         kRay,      ///< a point and a direction
         kInfinite, ///< the same in both directions
         kText,     ///< `first` is the index of a text
-        kBlock     ///< `first` is the index of a placed block
+        kBlock,    ///< `first` is the index of a placed block
+        kImage,    ///< `first` is the index of a picture
+        kView      ///< `first` is the index of a window to another list
     };
 
     uint32_t first = 0; ///< vertex
@@ -66,6 +69,23 @@ struct PlacedBlock
     static constexpr uint32_t kNoGrid = 0xFFFFFFFF;
 };
 
+/// A picture of pixels that lies in the drawing.
+struct PlacedImage
+{
+    Map2d map; ///< carries the unit square
+    std::string file;
+    std::vector<Vertex> outline; ///< of what is seen, drawing units
+};
+
+/// A window of a layout through which another list is seen.
+struct PlacedView
+{
+    Map2d map; ///< carries the other list's units
+    Box2d frame;
+    uint32_t list = 0;
+    std::vector<std::u16string> frozenLayers; ///< not seen in this window
+};
+
 /// Where the copies of a block go, by column and row.
 struct Grid
 {
@@ -94,15 +114,25 @@ public:
     /// Begins an entity anew in its old place.
     void beginAgain(uint32_t item);
     void end();
+    /// The entity that was begun last.
+    ObjectRecord* openEntity() const { return m_items[m_open].entity; }
+    /// Forgets everything.
+    void clear() { *this = {}; }
+    /// Numbers of the items of some entities.
+    std::vector<uint32_t> itemsOf(const std::unordered_set<const ObjectRecord*>& entities) const;
 
     void add(Primitive::Kind kind, uint32_t look, std::span<const Vertex> vertices, bool closed = false);
     void addArcs(uint32_t look, std::span<const PathVertex> vertices, bool closed, const Box2d& box);
     void addText(uint32_t look, PlacedText text, std::u16string_view letters, const Font& font, const Box2d& ink);
     void addBlock(uint32_t look, PlacedBlock placed, const Grid* grid, const DisplayList& contents);
+    void addImage(uint32_t look, PlacedImage image);
+    void addView(uint32_t look, PlacedView view);
     /// Expects so many entities.
     void reserve(size_t entities);
     /// Gives back the memory that growing took and makes the index of places; the list is complete.
     void finish();
+    /// The same after some items were begun again: what they had is given up once it is more than what is there.
+    void finishChange();
 
     const std::vector<Item>& items() const { return m_items; }
     std::span<const Primitive> primitives(const Item& item) const
@@ -126,6 +156,9 @@ public:
         return block.grid == PlacedBlock::kNoGrid ? nullptr : &m_grids[block.grid];
     }
 
+    const PlacedImage& image(const Primitive& primitive) const { return m_images[primitive.first]; }
+    const PlacedView& view(const Primitive& primitive) const { return m_views[primitive.first]; }
+
     const Box2d& box(uint32_t item) const { return m_places.box(item); }
     /// Around everything.
     const Box2d& box() const { return m_box; }
@@ -140,6 +173,7 @@ public:
     size_t vertexCount() const { return m_vertices.size(); }
 
 private:
+    void compact();
     void grow(const Box2d& box) { m_itemBox.add(box); }
 
     std::vector<Item> m_items;
@@ -150,12 +184,15 @@ private:
     std::vector<const Font*> m_fonts;
     std::vector<PlacedBlock> m_blocks;
     std::vector<Grid> m_grids;
+    std::vector<PlacedImage> m_images;
+    std::vector<PlacedView> m_views;
     std::vector<uint32_t> m_endless; ///< items
     BoxTree m_places;
     Box2d m_box;
     uint32_t m_open = 0; ///< the item at hand
     Box2d m_itemBox;
     bool m_isScreenSized = false;
+    size_t m_dead = 0; ///< primitives that items no longer have
 };
 
 } // namespace picture

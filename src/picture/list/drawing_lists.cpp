@@ -2,9 +2,7 @@
 
 #include "host/db/database.h"
 #include "picture/list/entity_writer.h"
-#include "store/block_index.h"
-#include "store/header_variables.h"
-#include "store/pair_edit.h"
+#include "picture/list/list_update.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,36 +14,6 @@ namespace
 {
 
 constexpr size_t kDeepestNesting = 250;
-
-/// Handles by which entities of a space are ordered, in place of their own.
-std::unordered_map<uint64_t, uint64_t> sortHandles(std::string_view table)
-{
-    std::unordered_map<uint64_t, uint64_t> order;
-    uint64_t entity = 0;
-    bool isHead = true;
-    TagReader pairs{table};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 100)
-            isHead = false;
-        else if (!isHead && tag.code == 331)
-            entity = tag.handle();
-        else if (!isHead && tag.code == 5)
-            order.emplace(entity, tag.handle());
-    return order;
-}
-
-/// The block record that a table of sort handles belongs to: its first pointer behind its class.
-uint64_t blockOfSortTable(std::string_view table)
-{
-    bool isHead = true;
-    TagReader pairs{table};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 100)
-            isHead = false;
-        else if (!isHead && tag.code == 330)
-            return tag.handle();
-    return 0;
-}
 
 /// Drawing units in a metre for a value of $INSUNITS; 1 for those of other trades.
 double unitsInMetre(int64_t unit)
@@ -100,9 +68,15 @@ AcDbObjectIdArray modelSpaceOf(AcDbDatabase& database)
 }
 
 DrawingLists::DrawingLists(AcDbDatabase& database, std::vector<std::string> fontFolders, Notes& notes)
-    : m_database{database}, m_notes{notes}, m_looks{database, notes}, m_styles{database, std::move(fontFolders), notes}
+    : m_database{database}, m_notes{notes}, m_looks{database, notes}, m_styles{database, std::move(fontFolders), notes},
+      m_order{database}, m_seen{database.changeCount()}
 {
-    HeaderVariables& header = database.header();
+    readHeader();
+}
+
+void DrawingLists::readHeader()
+{
+    HeaderVariables& header = m_database.header();
     m_linetypeScale = realOr(header, "$LTSCALE", 1.0);
     if (!(m_linetypeScale > 0.0) || !std::isfinite(m_linetypeScale))
         m_linetypeScale = 1.0;
@@ -110,40 +84,58 @@ DrawingLists::DrawingLists(AcDbDatabase& database, std::vector<std::string> font
     m_pointStyle.size = realOr(header, "$PDSIZE", 0.0);
     m_showsWeights = header.integerOr("$LWDISPLAY", 0) != 0;
     m_arrowSize = realOr(header, "$DIMASZ", 0.0) * realOr(header, "$DIMSCALE", 1.0);
+    m_dimensionText = realOr(header, "$DIMTXT", 2.5) * realOr(header, "$DIMSCALE", 1.0);
     m_metre = unitsInMetre(header.integerOr("$INSUNITS", 0));
-    m_lists.emplace_back();
 }
 
-DisplayList& DrawingLists::modelSpace()
+DrawingLists::Source DrawingLists::sourceOf(const ObjectRecord* space) const
 {
-    DisplayList& list = m_lists.front();
-    if (m_isMade)
-        return list;
-    m_isMade = true;
-    m_seen = m_database.changeCount();
-    const ObjectRecord* space = m_database.blocks().record(u"*Model_Space");
-    fill(list, inDrawOrder(modelSpaceOf(m_database), space != nullptr ? space->handle : 0));
-    list.finish();
-    return list;
+    BlockIndex& blocks = m_database.blocks();
+    if (space == nullptr)
+        space = blocks.record(u"*Model_Space");
+    if (space != nullptr)
+        return {blocks.containerOf(*space), blocks.isPaperSpace(*space)};
+    const std::vector<Container>& containers = m_database.store().containers;
+    for (uint32_t i = 0; i < containers.size(); ++i)
+        if (containers[i].kind == Container::kEntities)
+            return {i, false};
+    return {};
 }
 
 DisplayList& DrawingLists::space(const ObjectRecord* block)
 {
-    if (block == nullptr || m_database.blocks().isModelSpace(*block))
-        return modelSpace();
-    const auto [place, isFresh] = m_sheets.try_emplace(block, static_cast<uint32_t>(m_lists.size()));
-    if (isFresh)
-    {
-        m_lists.emplace_back();
-        fill(m_lists[place->second], inDrawOrder(m_database.blocks().entities(*block), block->handle));
-        m_lists[place->second].finish();
-    }
-    return m_lists[place->second];
+    return m_lists[listOf(sourceOf(block))];
 }
 
-void DrawingLists::fill(DisplayList& list, const AcDbObjectIdArray& entities)
+const DisplayList* DrawingLists::madeSpace(const ObjectRecord* block) const
 {
-    EntityWriter writer{*this, list};
+    const auto made = m_made.find(sourceOf(block));
+    return made != m_made.end() ? &m_lists[made->second.list] : nullptr;
+}
+
+uint32_t DrawingLists::listOf(const Source& source)
+{
+    if (const auto made = m_made.find(source); made != m_made.end())
+        return made->second.list;
+    const auto given = std::find(m_sources.begin(), m_sources.end(), source);
+    const auto index = static_cast<uint32_t>(given - m_sources.begin());
+    if (given == m_sources.end())
+    {
+        m_lists.emplace_back();
+        m_sources.push_back(source);
+    }
+    m_made[source] = {index, true};
+    fill(index);
+    m_made[source].isOpen = false;
+    return index;
+}
+
+void DrawingLists::fill(uint32_t index)
+{
+    DisplayList& list = m_lists[index];
+    const Source source = m_sources[index];
+    const AcDbObjectIdArray entities = m_order.sorted(m_database.blocks().entitiesIn(source.container, source.isPaper));
+    EntityWriter writer{*this, list, isBlock(index)};
     list.reserve(entities.size());
     for (const AcDbObjectId id : entities)
     {
@@ -151,29 +143,25 @@ void DrawingLists::fill(DisplayList& list, const AcDbObjectIdArray& entities)
         writer.write(*id.record());
         list.end();
     }
+    list.finish();
 }
 
-AcDbObjectIdArray DrawingLists::inDrawOrder(AcDbObjectIdArray entities, uint64_t block)
+uint32_t DrawingLists::modelFor(const DisplayList& list)
 {
-    const uint16_t kind = m_database.store().kindOf("SORTENTSTABLE");
-    const RecordPool& records = m_database.store().records;
-    for (size_t i = 0; i < records.size(); ++i)
-    {
-        const ObjectRecord& record = records[i];
-        if (record.kind != kind || record.has(ObjectRecord::kErased) || blockOfSortTable(record.view()) != block)
-            continue;
-        const std::unordered_map<uint64_t, uint64_t> order = sortHandles(record.view());
-        const auto key = [&order](AcDbObjectId id)
-        {
-            const auto sorted = order.find(id.record()->handle);
-            return sorted != order.end() ? sorted->second : id.record()->handle;
-        };
-        if (!order.empty())
-            std::stable_sort(entities.begin(), entities.end(),
-                             [&key](AcDbObjectId a, AcDbObjectId b) { return key(a) < key(b); });
-        break;
-    }
-    return entities;
+    const Source model = sourceOf(nullptr);
+    if (const auto made = m_made.find(model); made != m_made.end())
+        return made->second.isOpen || &m_lists[made->second.list] == &list ? kNone : made->second.list;
+    return listOf(model);
+}
+
+bool DrawingLists::isBlock(uint32_t list) const
+{
+    const uint32_t container = m_sources[list].container;
+    if (container >= m_database.store().containers.size() ||
+        m_database.store().containers[container].kind != Container::kBlock)
+        return false;
+    const std::u16string name = m_database.encoding().decode(m_database.store().containers[container].name);
+    return !equalNoCase(name.substr(0, 12), u"*Paper_Space") && !equalNoCase(name, u"*Model_Space");
 }
 
 uint32_t DrawingLists::blockNamed(std::string_view raw)
@@ -181,58 +169,37 @@ uint32_t DrawingLists::blockNamed(std::string_view raw)
     const Container* contents = m_database.blocks().contents(m_database.encoding().decode(raw));
     if (contents == nullptr)
         return kNone;
-    Block& block = m_blocks[contents];
-    if (block.isOpen)
-        m_notes.texts.insert("blocks that contain each other are drawn up to where the circle closes");
-    if (block.isOpen || block.list != kNone)
-        return block.isOpen ? kNone : block.list;
+    const Source source{static_cast<uint32_t>(contents - m_database.store().containers.data()), false};
+    if (const auto made = m_made.find(source); made != m_made.end())
+    {
+        if (made->second.isOpen)
+            m_notes.texts.insert("blocks that contain each other are drawn up to where the circle closes");
+        return made->second.isOpen ? kNone : made->second.list;
+    }
     if (m_depth >= kDeepestNesting)
     {
         m_notes.texts.insert("blocks nested deeper than " + std::to_string(kDeepestNesting) + " are left out");
         return kNone;
     }
-    const auto index = static_cast<uint32_t>(m_lists.size());
-    m_lists.emplace_back();
-    block.isOpen = true;
     ++m_depth;
-    const auto container = static_cast<uint32_t>(contents - m_database.store().containers.data());
-    fill(m_lists[index], m_database.blocks().entitiesIn(container, false));
+    const uint32_t list = listOf(source);
     --m_depth;
-    m_lists[index].finish();
-    Block& made = m_blocks[contents];
-    made = {index, false};
-    return index;
+    return list;
 }
 
-void DrawingLists::update()
+void DrawingLists::noteWrittenOut(uint32_t container, const DisplayList& list)
 {
-    if (!m_isMade || m_seen == m_database.changeCount())
-        return;
-    // Blocks are few and small beside the plan: a change inside one makes the lists anew, one outside only its entity.
-    DisplayList& list = m_lists.front();
-    std::unordered_map<const ObjectRecord*, uint32_t> itemOf;
-    for (uint32_t i = 0; i < list.items().size(); ++i)
-        itemOf.emplace(list.items()[i].entity, i);
-    m_looks.reload();
-    EntityWriter writer{*this, list};
-    for (const AcDbDatabase::Change& change : m_database.changes())
-    {
-        ObjectRecord& record = *change.record;
-        const auto known = itemOf.find(&record);
-        const bool isNew = known == itemOf.end();
-        ObjectRecord* owner = m_database.blocks().ownerOf(record);
-        if (isNew &&
-            (owner == nullptr || !m_database.blocks().isModelSpace(*owner) || record.has(ObjectRecord::kSubEntity)))
-            continue;
-        if (isNew)
-            list.begin(record);
-        else
-            list.beginAgain(known->second);
-        if (!record.has(ObjectRecord::kErased))
-            writer.write(record);
-        list.end();
-    }
-    m_seen = m_database.changeCount();
+    for (uint32_t i = 0; i < m_lists.size(); ++i)
+        if (&m_lists[i] == &list)
+            m_writtenOut[container].emplace(i, list.openEntity());
+}
+
+std::optional<Box2d> DrawingLists::update()
+{
+    const std::vector<ObjectRecord*>& touched = m_database.touched();
+    const std::span fresh{touched.begin() + static_cast<ptrdiff_t>(m_seen), touched.end()};
+    m_seen = touched.size();
+    return ListUpdate{*this}.run(fresh);
 }
 
 Box2d DrawingLists::shownBox(const DisplayList& list) const

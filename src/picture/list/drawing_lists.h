@@ -1,14 +1,19 @@
 #pragma once
 
 #include "picture/list/display_list.h"
+#include "picture/list/draw_order.h"
 #include "picture/look/looks.h"
 #include "picture/notes.h"
 #include "picture/text/text_style.h"
 #include "store/object_id.h"
 
 #include <deque>
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 class AcDbDatabase;
@@ -37,12 +42,15 @@ public:
     DrawingLists(const DrawingLists&) = delete;
     DrawingLists& operator=(const DrawingLists&) = delete;
 
-    DisplayList& modelSpace();
+    DisplayList& modelSpace() { return space(nullptr); }
     /// What stands in a space by its block record, as `spacesOf` names it; model space for null.
     DisplayList& space(const ObjectRecord* block);
-    /// Brings the lists up to date with the drawing: entities of model space that changed get new primitives, blocks
-    /// whose contents changed are made anew.
-    void update();
+    /// The same if it was made already, else null.
+    const DisplayList* madeSpace(const ObjectRecord* block) const;
+    /// Brings the lists up to date with the drawing: entities that changed get new primitives, blocks whose contents
+    /// changed are made anew, and with them the references to them. Answers a box around what looks different, drawing
+    /// units (empty: nothing does); nothing when everything may.
+    std::optional<Box2d> update();
 
     DisplayList& list(uint32_t block) { return m_lists[block]; }
     const DisplayList& list(uint32_t block) const { return m_lists[block]; }
@@ -63,6 +71,8 @@ public:
     bool showsWeights() const { return m_showsWeights; }
     /// Length of a leader's arrowhead, drawing units.
     double arrowSize() const { return m_arrowSize; }
+    /// Height of texts in dimensions and tolerances, drawing units.
+    double dimensionText() const { return m_dimensionText; }
     /// A metre in drawing units, by $INSUNITS; one unit where that says nothing.
     double metre() const { return m_metre; }
 
@@ -73,27 +83,49 @@ public:
     size_t bytes() const;
 
 private:
-    struct Block
+    friend class ListUpdate;
+
+    /// What a list shows: the contents of a container (of the ENTITIES section those of one space).
+    struct Source
+    {
+        uint32_t container = kNone;
+        bool isPaper = false;
+
+        friend auto operator<=>(const Source&, const Source&) = default;
+    };
+    struct Made
     {
         uint32_t list = kNone;
         bool isOpen = false; ///< being made: what leads back to it ends there
     };
 
-    void fill(DisplayList& list, const AcDbObjectIdArray& entities);
-    AcDbObjectIdArray inDrawOrder(AcDbObjectIdArray entities, uint64_t block);
+    Source sourceOf(const ObjectRecord* space) const;
+    uint32_t listOf(const Source& source);
+    void fill(uint32_t list);
+    /// The list of model space, for a layout to look at; kNone while that is being made, or from itself.
+    uint32_t modelFor(const DisplayList& list);
+    /// Whether a list is that of a block, not of a space.
+    bool isBlock(uint32_t list) const;
+    void readHeader();
+    friend class EntityWriter;
+    /// An entity shows the contents of a block without referring to its list, or would if there were such a block
+    /// (container kNone).
+    void noteWrittenOut(uint32_t container, const DisplayList& list);
 
     AcDbDatabase& m_database;
     Notes& m_notes;
     Looks m_looks;
     TextStyles m_styles;
-    std::deque<DisplayList> m_lists; ///< 0 is model space
-    std::unordered_map<const Container*, Block> m_blocks;
-    std::unordered_map<const ObjectRecord*, uint32_t> m_sheets; ///< paper spaces by block record
+    DrawOrder m_order;
+    std::deque<DisplayList> m_lists;
+    std::vector<Source> m_sources; ///< of the lists, by their numbers
+    std::map<Source, Made> m_made;
+    std::map<uint32_t, std::set<std::pair<uint32_t, ObjectRecord*>>> m_writtenOut; ///< by container: list and entity
     size_t m_depth = 0;
-    bool m_isMade = false;
     uint64_t m_seen = 0; ///< the drawing's change count
     double m_linetypeScale = 1.0;
     double m_arrowSize = 0.0;
+    double m_dimensionText = 0.0;
     double m_metre = 1.0;
     PointStyle m_pointStyle;
     bool m_showsWeights = false;

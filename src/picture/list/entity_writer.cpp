@@ -28,7 +28,7 @@ constexpr double kCodeHeight = 0.5;
 constexpr double kNameShare = 0.03;
 
 /// What is there to organise or to limit and has no look of its own.
-constexpr std::array<std::string_view, 4> kSilent{"VIEWPORT", "SEQEND", "LIGHT", "WIPEOUT"};
+constexpr std::array<std::string_view, 2> kSilent{"SEQEND", "LIGHT"};
 
 /// Whether heights do not show in the plan of what the map places.
 bool keepsPlan(const AcGeMatrix3d& map)
@@ -45,8 +45,16 @@ bool isIdentity(const AcGeMatrix3d& map)
 
 } // namespace
 
+void EntityWriter::setToList(const AcGeMatrix3d& toList)
+{
+    m_toList = toList;
+    m_isPlain = isIdentity(toList);
+}
+
 Vertex EntityWriter::place(const AcGePoint3d& world) const
 {
+    if (m_isPlain)
+        return {world.x, world.y};
     const AcGePoint3d placed = m_toList * world;
     return {placed.x, placed.y};
 }
@@ -62,7 +70,7 @@ bool EntityWriter::isUsable(const Vertex& vertex)
 void EntityWriter::write(ObjectRecord& entity, const AcGeMatrix3d& toList)
 {
     const std::string_view kind = entity.database->dxfNameOf(entity);
-    m_toList = toList;
+    setToList(toList);
     try
     {
         bool isInvisible = false;
@@ -91,6 +99,20 @@ void EntityWriter::writeKind(std::string_view kind, ObjectRecord& entity)
         return writePolyline(entity);
     if (kind == "HATCH")
         return writeHatch(pairs);
+    if (kind == "LEADER")
+        return writeLeader(pairs);
+    if (kind == "MULTILEADER" || kind == "MLEADER")
+        return writeMultiLeader(pairs);
+    if (kind == "MLINE")
+        return writeMline(pairs);
+    if (kind == "TOLERANCE")
+        return writeTolerance(pairs);
+    if (kind == "WIPEOUT")
+        return writeWipeout(pairs);
+    if (kind == "IMAGE")
+        return writeImage(pairs);
+    if (kind == "VIEWPORT")
+        return writeViewport(entity);
     if (kind == "POINT")
     {
         const std::optional<AcGePoint3d> at = readInsertionPoint(pairs);
@@ -115,8 +137,6 @@ void EntityWriter::writeKind(std::string_view kind, ObjectRecord& entity)
     const std::vector<CurvePath> curves = curvesOfPairs(kind, pairs);
     if (curves.empty())
         ++m_lists.notes().undrawn[std::string{kind}];
-    if (kind == "LEADER")
-        writeArrowhead(pairs);
     writeCurves(curves);
 }
 
@@ -128,7 +148,7 @@ void EntityWriter::writeCurves(const std::vector<CurvePath>& curves)
 
 void EntityWriter::writeCurve(const CurvePath& curve)
 {
-    const CurvePath placed = isIdentity(m_toList) ? curve : curve.transformed(m_toList);
+    const CurvePath placed = m_isPlain ? curve : curve.transformed(m_toList);
     const std::vector<PathVertex>& vertices = placed.vertices();
     const bool isPlain = placed.isLevel() || !placed.isPlane();
     if (!isPlain || vertices.size() < 2 || !placed.hasArcs())
@@ -233,7 +253,7 @@ void EntityWriter::writeReference(ObjectRecord& entity)
         {
             bool isInvisible = false;
             m_look = m_lists.looks().lookOf(part->view(), isInvisible);
-            m_toList = toList;
+            setToList(toList);
             if (!isInvisible)
                 writeText(part->view());
         }
@@ -245,7 +265,7 @@ void EntityWriter::writePlaced(const InsertPlacement& insert, const ObjectRecord
     AcDbDatabase& drawing = *entity.database;
     const Container* contents = drawing.blocks().contents(drawing.encoding().decode(insert.block));
     if (contents == nullptr)
-        return;
+        return m_lists.noteWrittenOut(DrawingLists::kNone, m_list);
     const AcGeMatrix3d toBase = AcGeMatrix3d::translation(AcGePoint3d::kOrigin - basePointOf(*contents));
     const AcGeMatrix3d first = m_toList * insert.toWorld() * toBase;
     if (!keepsPlan(first))
@@ -283,13 +303,14 @@ void EntityWriter::writeTilted(const Container& contents, const AcGeMatrix3d& pl
     const auto container = static_cast<uint32_t>(&contents - drawing.store().containers.data());
     const AcGeMatrix3d toList = m_toList;
     const uint32_t own = m_look;
+    m_lists.noteWrittenOut(container, m_list);
     m_visited = m_tilts == 0 ? 0 : m_visited;
     ++m_tilts;
     for (const AcDbObjectId id : drawing.blocks().entitiesIn(container, false))
         if (++m_visited < kMostTilted)
             write(*id.record(), placed);
     --m_tilts;
-    m_toList = toList;
+    setToList(toList);
     m_look = own;
 }
 
@@ -327,30 +348,6 @@ void EntityWriter::writeStraight(std::string_view text, Primitive::Kind kind)
         m_list.add(kind, m_look, vertices);
 }
 
-/// A filled triangle at a leader's first vertex, where it has one: as long as two and a half lines of its text.
-void EntityWriter::writeArrowhead(std::string_view text)
-{
-    AcGePoint3dArray points;
-    bool hasHead = true;
-    OwnPairs pairs{text};
-    for (Tag tag; pairs.next(tag);)
-        if (tag.code == 71)
-            hasHead = tag.integer() != 0;
-        else if (tag.code == 10)
-            points.push_back(pairs.pointFrom(tag));
-    if (!hasHead || points.size() < 2)
-        return;
-    constexpr double kSlimness = 6.0;
-    const double length = m_lists.arrowSize();
-    const AcGeVector3d way = points[1] - points[0];
-    if (!(way.length() > 2.0 * length) || !(length > 0.0))
-        return;
-    const AcGeVector3d along = way.normal() * length;
-    const AcGeVector3d across = AcGeVector3d{-along.y, along.x, 0.0} / kSlimness;
-    writeLoops({{place(points[0]), place(points[0] + along + across), place(points[0] + along - across)}},
-               Primitive::kArea);
-}
-
 void EntityWriter::writeSurveyPoint(ObjectRecord& entity)
 {
     const AcDbObjectPointer<PlxDbPointObj> point{AcDbObjectId{&entity}};
@@ -364,8 +361,8 @@ void EntityWriter::writeSurveyPoint(ObjectRecord& entity)
     const std::u16string code = m_lists.styles().read(point->Get(1), {style.face.font, Reading::kVietnamese});
     const double height = kCodeHeight * m_lists.metre();
     const AcGePoint3d corner = point->GetPoint() + AcGeVector3d{height / 2, height / 2, 0.0};
-    writeLine(code, m_lists.styles().fontFor(style.face, code),
-              AcGeMatrix3d::translation(corner.asVector()) * AcGeMatrix3d::scaling(height));
+    const Font& font = m_lists.styles().fontFor(style.face, code);
+    writeLine(code, font, extentOf(font, code), worldAt(corner) * Map2d::scaling(height, height));
 }
 
 void EntityWriter::writeAlignment(ObjectRecord& entity)
@@ -385,13 +382,14 @@ void EntityWriter::writeAlignment(ObjectRecord& entity)
         if (!(height > 0.0))
             continue;
         // Read from below or from the right, the name goes on where the line ends.
-        const double advance = advanceOf(*style.face.font, section.name);
+        const Font& font = m_lists.styles().fontFor(style.face, section.name);
+        const TextExtent extent = extentOf(font, section.name);
         const bool isTurned = along.x < 0.0;
-        const AcGePoint3d begin = section.pointA + along.normal() * (height * (isTurned ? advance + 0.5 : 0.5));
+        const AcGePoint3d begin = section.pointA + along.normal() * (height * (isTurned ? extent.advance + 0.5 : 0.5));
         const double angle = std::atan2(isTurned ? -along.y : along.y, isTurned ? -along.x : along.x);
-        writeLine(section.name, m_lists.styles().fontFor(style.face, section.name),
-                  AcGeMatrix3d::translation(begin.asVector()) * AcGeMatrix3d::rotation(angle) *
-                      AcGeMatrix3d::scaling(height) * AcGeMatrix3d::translation({0.0, -0.5, 0.0}));
+        writeLine(section.name, font, extent,
+                  worldAt(begin) * Map2d::rotation(angle) * Map2d::scaling(height, height) *
+                      Map2d::translation({0.0, -0.5}));
     }
 }
 

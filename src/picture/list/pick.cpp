@@ -42,9 +42,9 @@ bool isInside(const Vertex& p, std::span<const Vertex> vertices)
 class Picker
 {
 public:
-    explicit Picker(DrawingLists& lists) : m_lists{lists} {}
+    Picker(const DrawingLists& lists, const Hidden* hidden) : m_lists{lists}, m_hidden{hidden} {}
 
-    bool hits(DisplayList& list, uint32_t item, const Vertex& at, double reach, const Pen* around, size_t depth)
+    bool hits(const DisplayList& list, uint32_t item, const Vertex& at, double reach, const Pen* around, size_t depth)
     {
         const auto primitives = list.primitives(list.items()[item]);
         return std::any_of(primitives.begin(), primitives.end(),
@@ -52,10 +52,12 @@ public:
     }
 
 private:
-    bool hits(DisplayList& list, const Primitive& primitive, const Vertex& at, double reach, const Pen* around,
+    bool hits(const DisplayList& list, const Primitive& primitive, const Vertex& at, double reach, const Pen* around,
               size_t depth)
     {
         const Pen pen = m_lists.looks().pen(primitive.look, around);
+        if (m_hidden != nullptr && m_hidden->hasLayer(pen.layer))
+            return false;
         if (primitive.kind == Primitive::kBlock)
             return !pen.frozen && hitsBlock(list, primitive, at, reach, pen, depth);
         return pen.shown && hitsShape(list, primitive, at, reach);
@@ -70,6 +72,10 @@ private:
             const Vertex in = back ? *back * at : Vertex{};
             return back && in.x >= 0.0 && in.x <= text.advance && in.y >= -0.2 && in.y <= 1.1;
         }
+        if (primitive.kind == Primitive::kImage)
+            return hitsOutline(list.image(primitive).outline, at, reach);
+        if (primitive.kind == Primitive::kView)
+            return false; // its frame is a path
         const std::span<const Vertex> v = list.vertices(primitive);
         const auto isNear = [&](const Vertex& a, const Vertex& b) { return distanceToSegment(at, a, b) <= reach; };
         switch (primitive.kind)
@@ -101,6 +107,14 @@ private:
         }
     }
 
+    static bool hitsOutline(std::span<const Vertex> outline, const Vertex& at, double reach)
+    {
+        for (size_t i = 0; i < outline.size(); ++i)
+            if (distanceToSegment(at, outline[i], outline[i + 1 < outline.size() ? i + 1 : 0]) <= reach)
+                return true;
+        return false;
+    }
+
     static bool hitsArcs(std::span<const Vertex> v, bool closed, const Vertex& at, double reach)
     {
         const size_t count = v.size() / 2;
@@ -115,7 +129,7 @@ private:
         return false;
     }
 
-    bool hitsBlock(DisplayList& list, const Primitive& primitive, const Vertex& at, double reach, const Pen& pen,
+    bool hitsBlock(const DisplayList& list, const Primitive& primitive, const Vertex& at, double reach, const Pen& pen,
                    size_t depth)
     {
         const PlacedBlock& placed = list.block(primitive);
@@ -142,7 +156,7 @@ private:
         const std::optional<Map2d> back = placed.map.inverse();
         if (!back)
             return false;
-        DisplayList& inner = m_lists.list(placed.block);
+        const DisplayList& inner = m_lists.list(placed.block);
         const Vertex in = *back * Vertex{at.x - by.x, at.y - by.y};
         const double near = reach * back->stretch();
         for (const uint32_t item : inner.itemsIn({in.x - near, in.y - near, in.x + near, in.y + near}))
@@ -151,18 +165,19 @@ private:
         return false;
     }
 
-    DrawingLists& m_lists;
+    const DrawingLists& m_lists;
+    const Hidden* m_hidden;
 };
 
 } // namespace
 
-std::optional<uint32_t> pickItem(DrawingLists& lists, DisplayList& list, const Vertex& at, double reach,
-                                 const std::function<bool(uint32_t item)>& isSought)
+std::optional<uint32_t> pickItem(const DrawingLists& lists, const DisplayList& list, const Vertex& at, double reach,
+                                 const Hidden* hidden)
 {
     const std::vector<uint32_t> near = list.itemsIn({at.x - reach, at.y - reach, at.x + reach, at.y + reach});
-    Picker picker{lists};
+    Picker picker{lists, hidden};
     for (auto item = near.rbegin(); item != near.rend(); ++item)
-        if (isSought(*item) && picker.hits(list, *item, at, reach, nullptr, 0))
+        if ((hidden == nullptr || !hidden->hasItem(*item)) && picker.hits(list, *item, at, reach, nullptr, 0))
             return *item;
     return std::nullopt;
 }

@@ -1,10 +1,10 @@
 #include "picture/list/entity_writer.h"
 
 #include "host/db/database.h"
-#include "picture/text/mtext.h"
 #include "picture/text/text_codes.h"
 #include "store/pair_edit.h"
 
+#include <array>
 #include <numbers>
 
 namespace picture
@@ -19,11 +19,9 @@ double radians(const Tag& tag)
 }
 
 /// A slant to the right by an angle.
-AcGeMatrix3d slant(double angle)
+Map2d slant(double angle)
 {
-    AcGeMatrix3d map;
-    map.entry[0][1] = std::tan(std::clamp(angle, -1.5, 1.5));
-    return map;
+    return {1.0, angle == 0.0 ? 0.0 : std::tan(std::clamp(angle, -1.5, 1.5)), 0.0, 1.0, 0.0, 0.0};
 }
 
 /// What a single-line text, an attribute or an attribute's definition says.
@@ -114,11 +112,11 @@ TextValues::TextValues(std::string_view pairs)
 
 /// How far the text is moved, in units of its height and of what it is wide, so that its alignment point comes to the
 /// origin.
-Vertex alignmentOf(const TextValues& values, const Font& font, std::u16string_view text)
+Vertex alignmentOf(const TextValues& values, const TextExtent& extent)
 {
     constexpr int kMiddle = 4;
     constexpr double kDescent = 0.3;
-    const double advance = advanceOf(font, text);
+    const double advance = extent.advance;
     Vertex shift;
     if (values.horizontal == 1 || values.horizontal == kMiddle)
         shift.x = -advance / 2;
@@ -126,7 +124,7 @@ Vertex alignmentOf(const TextValues& values, const Font& font, std::u16string_vi
         shift.x = -advance;
     if (values.horizontal == kMiddle && values.vertical == 0)
     {
-        const Box2d ink = inkOf(font, text);
+        const Box2d& ink = extent.ink;
         shift.y = ink.isEmpty() ? -0.5 : -(ink.minY + ink.maxY) / 2;
     }
     else if (values.vertical == 1)
@@ -140,9 +138,27 @@ Vertex alignmentOf(const TextValues& values, const Font& font, std::u16string_vi
 
 } // namespace
 
-void EntityWriter::writeLine(std::u16string_view text, const Font& font, const AcGeMatrix3d& placed)
+Map2d EntityWriter::planeAt(const AcGePoint3d& at, const AcGeVector3d& normal) const
 {
-    const Map2d map = Map2d::planOf(m_toList * placed);
+    if (m_isPlain && normal.x == 0.0 && normal.y == 0.0 && normal.z > 0.0)
+        return Map2d::translation({at.x, at.y});
+    return Map2d::planOf(m_toList * AcGeMatrix3d::planeToWorld(normal) * AcGeMatrix3d::translation(at.asVector()));
+}
+
+Map2d EntityWriter::worldAt(const AcGePoint3d& at) const
+{
+    return planeAt(at, AcGeVector3d::kZAxis);
+}
+
+void EntityWriter::writeRule(const Map2d& placed, const Vertex& from, const Vertex& to)
+{
+    const std::array<Vertex, 2> rule{placed * from, placed * to};
+    if (isUsable(rule[0]) && isUsable(rule[1]))
+        m_list.add(Primitive::kPath, m_look, rule);
+}
+
+void EntityWriter::writeLine(std::u16string_view text, const Font& font, const TextExtent& extent, const Map2d& map)
+{
     if (text.empty() || !isUsable({map.dx, map.dy}) || !(map.stretch() > 0.0) || !(map.stretch() < 1e30))
         return;
     PlacedText line;
@@ -151,8 +167,8 @@ void EntityWriter::writeLine(std::u16string_view text, const Font& font, const A
     line.acrossY = static_cast<float>(map.yx);
     line.upX = static_cast<float>(map.xy);
     line.upY = static_cast<float>(map.yy);
-    line.advance = static_cast<float>(advanceOf(font, text));
-    m_list.addText(m_look, line, text, font, inkOf(font, text));
+    line.advance = static_cast<float>(extent.advance);
+    m_list.addText(m_look, line, text, font, extent.ink);
 }
 
 void EntityWriter::writeText(std::string_view pairs)
@@ -162,16 +178,16 @@ void EntityWriter::writeText(std::string_view pairs)
     constexpr int kBackwards = 2;
     constexpr int kUpsideDown = 4;
     const TextValues values{pairs};
-    const bool isInBlock = &m_list != &m_lists.list(0);
     if (values.isAttribute && (values.attribute & kHidden) != 0)
         return;
-    if (values.isDefinition && isInBlock && (values.attribute & kConstant) == 0)
+    if (values.isDefinition && m_isBlock && (values.attribute & kConstant) == 0)
         return;
     const TextStyle& style = m_lists.styles().style(values.style);
-    const bool showsTag = values.isDefinition && !isInBlock;
+    const bool showsTag = values.isDefinition && !m_isBlock;
     const PlainText plain = withoutCodes(m_lists.database().encoding().decode(showsTag ? values.tag : values.text));
     const std::u16string text = m_lists.styles().read(plain.text, style.face);
     const Font& font = m_lists.styles().fontFor(style.face, text);
+    const TextExtent extent = extentOf(font, text);
     double height = values.height;
     double stretch = values.widthFactor > 0.0 ? values.widthFactor : style.widthFactor;
     double rotation = values.rotation;
@@ -181,7 +197,7 @@ void EntityWriter::writeText(std::string_view pairs)
     {
         // Between two points: as high as it must be to fill the way, or only as wide.
         const AcGeVector3d way = values.second - values.first;
-        const double advance = advanceOf(font, text);
+        const double advance = extent.advance;
         rotation = std::atan2(way.y, way.x);
         if (!(advance > 0.0) || !(way.length() > 0.0))
             return;
@@ -192,21 +208,18 @@ void EntityWriter::writeText(std::string_view pairs)
     }
     const double mirrorX = (values.mirror & kBackwards) != 0 ? -1.0 : 1.0;
     const double mirrorY = (values.mirror & kUpsideDown) != 0 ? -1.0 : 1.0;
-    const Vertex shift = alignmentOf(values, font, text);
-    const AcGeMatrix3d placed = AcGeMatrix3d::planeToWorld(values.normal) * AcGeMatrix3d::translation(at.asVector()) *
-                                AcGeMatrix3d::rotation(rotation) * AcGeMatrix3d::scaling(mirrorX, mirrorY, 1.0) *
-                                slant(values.hasOblique ? values.oblique : style.oblique) *
-                                AcGeMatrix3d::scaling(height * stretch, height, height) *
-                                AcGeMatrix3d::translation({shift.x, shift.y, 0.0});
-    writeLine(text, font, placed);
+    const Map2d placed = planeAt(at, values.normal) * Map2d::rotation(rotation) * Map2d::scaling(mirrorX, mirrorY) *
+                         slant(values.hasOblique ? values.oblique : style.oblique) *
+                         Map2d::scaling(height * stretch, height) * Map2d::translation(alignmentOf(values, extent));
+    writeLine(text, font, extent, placed);
     // A code unit is a character here: what 8-bit texts become keeps their length.
     const auto rule = [&](const std::vector<PlainText::Range>& ranges, double y)
     {
         for (const PlainText::Range& range : ranges)
         {
-            const double begin = advanceOf(font, std::u16string_view{text}.substr(0, range.first));
-            const double end = advanceOf(font, std::u16string_view{text}.substr(0, range.end));
-            writePath({placed * AcGePoint3d{begin, y, 0.0}, placed * AcGePoint3d{end, y, 0.0}}, false);
+            const double begin = extentOf(font, std::u16string_view{text}.substr(0, range.first)).advance;
+            const double end = extentOf(font, std::u16string_view{text}.substr(0, range.end)).advance;
+            writeRule(placed, {begin, y}, {end, y});
         }
     };
     rule(plain.underlined, -0.2);
@@ -215,68 +228,68 @@ void EntityWriter::writeText(std::string_view pairs)
 
 void EntityWriter::writeMText(std::string_view pairs)
 {
-    std::string bytes;
-    std::string_view styleName = "Standard";
-    AcGePoint3d at;
-    AcGeVector3d along{1.0, 0.0, 0.0};
-    AcGeVector3d normal = AcGeVector3d::kZAxis;
-    bool hasDirection = false;
-    double rotation = 0.0;
-    MTextFrame frame;
+    MTextValues values;
     OwnPairs reader{pairs};
     for (Tag tag; reader.next(tag);)
         switch (tag.code)
         {
         case 1:
         case 3:
-            bytes += tag.value;
+            values.bytes += tag.value;
             break;
         case 7:
-            styleName = tag.word();
+            values.style = tag.word();
             break;
         case 10:
-            at = reader.pointFrom(tag);
+            values.at = reader.pointFrom(tag);
             break;
         case 11:
-            along = reader.pointFrom(tag).asVector();
-            hasDirection = true;
+            values.along = reader.pointFrom(tag).asVector();
+            values.hasDirection = true;
             break;
         case 40:
-            frame.height = tag.real();
+            values.frame.height = tag.real();
             break;
         case 41:
-            frame.width = tag.real();
+            values.frame.width = tag.real();
             break;
         case 44:
-            frame.lineSpacing = tag.real() > 0.0 ? tag.real() : 1.0;
+            values.frame.lineSpacing = tag.real() > 0.0 ? tag.real() : 1.0;
             break;
         case 50:
-            rotation = radians(tag);
-            hasDirection = false;
+            values.rotation = radians(tag);
+            values.hasDirection = false;
             break;
         case 71:
-            frame.attachment = static_cast<int>(std::clamp<int64_t>(tag.integer(), 1, 9));
+            values.frame.attachment = static_cast<int>(std::clamp<int64_t>(tag.integer(), 1, 9));
             break;
         case 210:
-            normal = reader.pointFrom(tag).asVector();
+            values.normal = reader.pointFrom(tag).asVector();
             break;
         default:
             break;
         }
-    const TextStyle& style = m_lists.styles().style(styleName);
+    writeMTextValues(values);
+}
+
+void EntityWriter::writeMTextValues(const MTextValues& values)
+{
+    const MTextFrame& frame = values.frame;
+    const AcGeVector3d& normal = values.normal;
+    const TextStyle& style = m_lists.styles().style(values.style);
     MTextFormat format;
     format.face = style.face;
     format.height = frame.height;
     format.widthFactor = style.widthFactor;
     format.oblique = style.oblique;
-    const std::u16string text = m_lists.database().encoding().decode(bytes);
+    const std::u16string text = m_lists.database().encoding().decode(values.bytes);
     const SetText set = setMText(parseMText(text, format, m_lists.styles()), frame, m_lists.styles());
     // The insertion point and the direction are the world's, the rotation is that of the text's plane.
-    const AcGeMatrix3d plane = AcGeMatrix3d::planeToWorld(normal);
-    const AcGeVector3d direction = hasDirection ? AcGeMatrix3d::worldToPlane(normal) * along
-                                                : AcGeVector3d{std::cos(rotation), std::sin(rotation), 0.0};
-    const AcGeMatrix3d world =
-        AcGeMatrix3d::translation(at.asVector()) * plane * AcGeMatrix3d::rotation(std::atan2(direction.y, direction.x));
+    const AcGeVector3d direction = values.hasDirection
+                                       ? AcGeMatrix3d::worldToPlane(normal) * values.along
+                                       : AcGeVector3d{std::cos(values.rotation), std::sin(values.rotation), 0.0};
+    const Map2d turned = planeAt(AcGeMatrix3d::worldToPlane(normal) * values.at, normal) *
+                         Map2d::rotation(std::atan2(direction.y, direction.x));
     const uint32_t own = m_look;
     const auto lookWith = [&](const std::optional<Color>& color)
     {
@@ -289,15 +302,14 @@ void EntityWriter::writeMText(std::string_view pairs)
         m_look = lookWith(run.format.color);
         const double height = run.format.height;
         const double stretch = run.format.widthFactor * run.format.tracking;
-        writeLine(run.text, *run.font,
-                  world * AcGeMatrix3d::translation({run.at.x, run.at.y, 0.0}) * slant(run.format.oblique) *
-                      AcGeMatrix3d::scaling(height * stretch, height, height));
+        writeLine(run.text, *run.font, extentOf(*run.font, run.text),
+                  turned * Map2d::translation(run.at) * slant(run.format.oblique) *
+                      Map2d::scaling(height * stretch, height));
     }
     for (const SetRule& rule : set.rules)
     {
         m_look = lookWith(rule.color);
-        writePath({world * AcGePoint3d{rule.from.x, rule.from.y, 0.0}, world * AcGePoint3d{rule.to.x, rule.to.y, 0.0}},
-                  false);
+        writeRule(turned, rule.from, rule.to);
     }
     m_look = own;
 }

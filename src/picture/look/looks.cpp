@@ -13,17 +13,6 @@ namespace picture
 namespace
 {
 
-Color colorOf(int64_t index)
-{
-    if (index == 0)
-        return {Color::kByBlock};
-    if (index == 7)
-        return {Color::kForeground};
-    if (index < 0 || index > 255)
-        return {Color::kByLayer};
-    return {static_cast<int32_t>(paletteColor(static_cast<int>(index)))};
-}
-
 Color trueColorOf(const Tag& tag)
 {
     return {static_cast<int32_t>(tag.integer() & 0xFFFFFF)};
@@ -60,20 +49,39 @@ Looks::Looks(AcDbDatabase& database, Notes& notes) : m_database{database}, m_not
     reload();
 }
 
-void Looks::reload()
+Color Looks::colorOf(int64_t index)
 {
+    if (index == 0)
+        return {Color::kByBlock};
+    if (index == 7)
+        return {Color::kForeground};
+    if (index < 0 || index > 255)
+        return {Color::kByLayer};
+    return {static_cast<int32_t>(paletteColor(static_cast<int>(index)))};
+}
+
+bool Looks::reload()
+{
+    const std::vector<Linetype> linetypes = m_linetypes;
+    const std::vector<Layer> layers = m_layers;
     readLinetypes();
     readLayers();
+    return !std::equal(linetypes.begin(), linetypes.end(), m_linetypes.begin()) ||
+           !std::equal(layers.begin(), layers.end(), m_layers.begin());
 }
 
 void Looks::readLinetypes()
 {
-    m_linetypes.assign(1, {});
-    m_linetypeOf.clear();
+    // Numbers that looks have got stay those of their linetypes.
+    m_linetypes.resize(std::max<size_t>(1, m_linetypes.size()));
     for (const AcDbObjectId id : m_database.tables().live("LTYPE"))
     {
-        m_linetypeOf.emplace(nameOfRecord(*id.record()), static_cast<int32_t>(m_linetypes.size()));
-        m_linetypes.push_back(orDefault(Linetype{}, [&] { return readLinetype(id.record()->view()); }));
+        const auto [place, isFresh] =
+            m_linetypeOf.try_emplace(nameOfRecord(*id.record()), static_cast<int32_t>(m_linetypes.size()));
+        if (isFresh)
+            m_linetypes.emplace_back();
+        m_linetypes[static_cast<size_t>(place->second)] =
+            orDefault(Linetype{}, [&] { return readLinetype(id.record()->view()); });
     }
 }
 

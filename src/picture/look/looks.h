@@ -23,7 +23,8 @@ struct Color
     static constexpr int32_t kByLayer = -1;
     static constexpr int32_t kByBlock = -2;
     static constexpr int32_t kForeground = -3; ///< what contrasts with the background
-    int32_t value = kByLayer;                  ///< one of these, or 0xRRGGBB
+    static constexpr int32_t kBackground = -4;
+    int32_t value = kByLayer; ///< one of these, or 0xRRGGBB
 
     friend bool operator==(const Color&, const Color&) = default;
 };
@@ -56,6 +57,8 @@ struct Linetype
 {
     std::vector<double> dashes;
     double length = 0.0;
+
+    friend bool operator==(const Linetype&, const Linetype&) = default;
 };
 
 struct Layer
@@ -66,6 +69,8 @@ struct Layer
     int32_t weight = Look::kDefaultWeight;
     bool frozen = false;
     bool off = false;
+
+    friend bool operator==(const Layer&, const Layer&) = default;
 };
 
 /// A look with nothing open: what a pen needs.
@@ -88,6 +93,10 @@ class Looks
 public:
     Looks(AcDbDatabase& database, Notes& notes);
 
+    /// A colour by its number in drawings.
+    static Color colorOf(int64_t index);
+    /// A linetype by its name as entities write it, `Look::kByLayer` and the like among them.
+    int32_t linetypeNamed(std::string_view raw);
     /// The look of an entity from its pairs; `isInvisible` receives whether it says of itself that it is not shown.
     uint32_t lookOf(std::string_view pairs, bool& isInvisible);
     uint32_t indexOf(const Look& look);
@@ -98,8 +107,8 @@ public:
 
     const std::vector<Layer>& layers() const { return m_layers; }
     const Linetype& linetype(int32_t index) const { return m_linetypes[static_cast<size_t>(index)]; }
-    /// Reads the tables anew: layers were changed.
-    void reload();
+    /// Reads the tables anew: layers or linetypes were changed. Whether anything that was there looks different now.
+    bool reload();
     /// Shows only the layers whose names match one of the patterns (with * and ?); all when there are none.
     void showOnly(const std::vector<std::u16string>& patterns)
     {
@@ -110,7 +119,6 @@ public:
 private:
     uint32_t layerNamed(std::string_view raw);
     uint32_t addLayer(Layer layer);
-    int32_t linetypeNamed(std::string_view raw);
     void readLinetypes();
     void readLayers();
     Linetype readLinetype(std::string_view pairs);

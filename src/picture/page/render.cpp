@@ -35,12 +35,12 @@ const Font& titleFont()
 /// A line of text whose base line begins (or, for the right side, ends) at a place of the page.
 void writeLine(Canvas& canvas, std::u16string_view text, Vertex at, double height, Rgb color, bool isRight = false)
 {
-    const double advance = advanceOf(titleFont(), text);
+    const double advance = extentOf(titleFont(), text).advance;
     const Map2d map{height, 0.0, 0.0, -height, isRight ? at.x - advance * height : at.x, at.y};
     std::vector<std::vector<Vertex>> outlines;
     double along = 0.0;
-    for (const char32_t character : charactersOf(text))
-        if (const Glyph* glyph = shownGlyph(titleFont(), character))
+    for (std::u16string_view left = text; !left.empty();)
+        if (const Glyph* glyph = shownGlyph(titleFont(), takeCharacter(left)))
         {
             for (const std::vector<Vertex>& path : glyph->paths)
             {

@@ -1,5 +1,7 @@
 #include "picture/paint/canvas.h"
 
+#include "picture/paint/image_store.h"
+
 #include <QGlyphRun>
 #include <QImage>
 #include <QPainter>
@@ -43,7 +45,7 @@ QColor toColor(Rgb rgb)
 Canvas::Canvas(QPainter& painter, Medium medium) : m_painter{&painter}, m_medium{medium} {}
 
 Canvas::Canvas(QImage& image)
-    : m_own{std::make_unique<QPainter>(&image)}, m_painter{m_own.get()}, m_medium{Medium::kPixels},
+    : m_image{&image}, m_own{std::make_unique<QPainter>(&image)}, m_painter{m_own.get()}, m_medium{Medium::kPixels},
       // The image is nobody else's: its pixels stay where they are.
       m_raster{std::in_place, reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(),
                static_cast<size_t>(image.bytesPerLine()) / sizeof(uint32_t)}
@@ -125,6 +127,46 @@ void Canvas::area(std::span<const std::vector<Vertex>> loops, Rgb color, bool ev
         path.closeSubpath();
     }
     m_painter->fillPath(path, toColor(color));
+}
+
+bool Canvas::image(const std::string& file, const Map2d& map, const std::vector<Vertex>& outline)
+{
+    const QImage pixels = storedImage(file);
+    if (pixels.isNull())
+        return false;
+    flush();
+    QPainterPath path;
+    for (size_t i = 0; i < outline.size(); ++i)
+        if (i == 0)
+            path.moveTo(outline[i].x, outline[i].y);
+        else
+            path.lineTo(outline[i].x, outline[i].y);
+    path.closeSubpath();
+    const double across = 1.0 / pixels.width();
+    const double down = 1.0 / pixels.height();
+    m_painter->save();
+    m_painter->setClipPath(path);
+    m_painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    m_painter->setTransform(
+        QTransform{map.xx * across, map.yx * across, -map.xy * down, -map.yy * down, map.dx + map.xy, map.dy + map.yy},
+        true);
+    m_painter->drawImage(QPointF{0.0, 0.0}, pixels);
+    m_painter->restore();
+    return true;
+}
+
+void Canvas::within(const Box2d& box, const std::function<void(Canvas&, const Vertex&)>& paint)
+{
+    flush();
+    if (m_image == nullptr)
+        return paint(*this, {0.0, 0.0});
+    const QRect part = QRectF{QPointF{box.minX, box.minY}, QPointF{box.maxX, box.maxY}}.toRect() & m_image->rect();
+    if (part.isEmpty())
+        return;
+    QImage piece{m_image->bits() + part.y() * m_image->bytesPerLine() + part.x() * static_cast<int>(sizeof(uint32_t)),
+                 part.width(), part.height(), m_image->bytesPerLine(), m_image->format()};
+    Canvas inner{piece};
+    paint(inner, {static_cast<double>(part.x()), static_cast<double>(part.y())});
 }
 
 void Canvas::searchable(std::u16string_view text, const Map2d& map, double advance)

@@ -4,9 +4,11 @@
 #include "picture/map2d.h"
 #include "picture/paint/line_raster.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -45,6 +47,12 @@ public:
     bool cutsByItself() const { return isDirect(); }
     /// Fills what is inside the loops: by the even-odd rule, or all that any of them goes round.
     void area(std::span<const std::vector<Vertex>> loops, Rgb color, bool evenOdd);
+    /// A picture from a file; `map` carries the unit square, the picture's lower left corner at (0, 0), and only what
+    /// is in the outline shows. False when it cannot be read.
+    bool image(const std::string& file, const Map2d& map, const std::vector<Vertex>& outline);
+    /// Lets something be painted within a box: on pixels by a canvas of the box alone, whose corner is at (0, 0); else
+    /// by this one, and what is painted has to keep to the box. `paint` is told where on this canvas (0, 0) lies.
+    void within(const Box2d& box, const std::function<void(Canvas& canvas, const Vertex& corner)>& paint);
     /// A text that is found by a search but not seen, over what was drawn of it: `map` carries units of its height, in
     /// which it is `advance` wide.
     void searchable(std::u16string_view text, const Map2d& map, double advance);
@@ -59,6 +67,7 @@ private:
 
     bool isDirect() const { return m_raster.has_value() && m_width <= LineRaster::kWidest; }
 
+    QImage* m_image = nullptr;
     std::unique_ptr<QPainter> m_own;
     QPainter* m_painter;
     Medium m_medium;

@@ -23,9 +23,18 @@ inline void mix(uint32_t& pixel, uint32_t color, uint32_t share)
     pixel = even | odd;
 }
 
-inline uint32_t shareOf(float covered)
+/// Numbers with 16 binary places.
+constexpr int kPlaces = 16;
+constexpr int kOne = 1 << kPlaces;
+
+inline int fixed(double number)
 {
-    return static_cast<uint32_t>(covered * 256.0F + 0.5F);
+    return static_cast<int>(number * kOne);
+}
+
+inline uint32_t shareOf(int covered, int wide)
+{
+    return static_cast<uint32_t>((covered >> 8) * (wide >> 8)) >> 8;
 }
 
 } // namespace
@@ -38,7 +47,7 @@ LineRaster::LineRaster(uint32_t* pixels, int width, int height, size_t stride)
 
 void LineRaster::line(std::span<const Vertex> points, bool closed, Rgb color, double width) const
 {
-    const auto half = static_cast<float>(width / 2);
+    const double half = width / 2;
     for (size_t i = 1; i < points.size(); ++i)
         segment(points[i - 1], points[i], color | kOpaque, half);
     if (closed && points.size() > 2)
@@ -60,46 +69,56 @@ void LineRaster::speck(const Vertex& middle, double size, Rgb color) const
 }
 
 /// Walks along the axis that the line leans to, a pixel at a time; across it the line covers two pixels or three.
-void LineRaster::segment(Vertex from, Vertex to, uint32_t color, float halfWidth) const
+void LineRaster::segment(Vertex from, Vertex to, uint32_t color, double halfWidth) const
 {
     const auto isOut = [this](const Vertex& v)
     { return !(v.x >= m_reach.minX && v.x <= m_reach.maxX && v.y >= m_reach.minY && v.y <= m_reach.maxY); };
     if ((isOut(from) || isOut(to)) && !clipLine(from, to, m_reach))
         return;
     const bool isSteep = std::fabs(to.y - from.y) > std::fabs(to.x - from.x);
-    auto a0 = static_cast<float>(isSteep ? from.y : from.x); // along
-    auto c0 = static_cast<float>(isSteep ? from.x : from.y); // across
-    auto a1 = static_cast<float>(isSteep ? to.y : to.x);
-    auto c1 = static_cast<float>(isSteep ? to.x : to.y);
-    if (a0 > a1)
+    if (isSteep ? from.y > to.y : from.x > to.x)
+        std::swap(from, to);
+    const double along = isSteep ? to.y - from.y : to.x - from.x;
+    const double slope = along > 0.0 ? (isSteep ? to.x - from.x : to.y - from.y) / along : 0.0;
+    const Walk walk{fixed(isSteep ? from.y : from.x),
+                    fixed(isSteep ? to.y : to.x),
+                    fixed(isSteep ? from.x : from.y),
+                    fixed(slope),
+                    fixed(halfWidth * std::sqrt(1.0 + slope * slope)),
+                    isSteep ? m_height : m_width,
+                    isSteep ? m_width : m_height,
+                    isSteep ? m_stride : 1,
+                    isSteep ? 1 : m_stride};
+    this->walk(walk, color);
+}
+
+void LineRaster::walk(const Walk& w, uint32_t color) const
+{
+    const int last = std::min(w.alongCount - 1, (w.end - 1) >> kPlaces);
+    for (int at = std::max(0, w.begin >> kPlaces); at <= last; ++at)
     {
-        std::swap(a0, a1);
-        std::swap(c0, c1);
-    }
-    const float length = a1 - a0;
-    const float slope = length > 0.0F ? (c1 - c0) / length : 0.0F;
-    const float reach = halfWidth * std::sqrt(1.0F + slope * slope);
-    const int ends = isSteep ? m_height : m_width;
-    const int across = isSteep ? m_width : m_height;
-    const size_t alongStep = isSteep ? m_stride : 1;
-    const size_t acrossStep = isSteep ? 1 : m_stride;
-    const int last = std::min(ends - 1, static_cast<int>(std::floor(a1)));
-    for (int at = std::max(0, static_cast<int>(std::floor(a0))); at <= last; ++at)
-    {
-        const float begin = std::max(a0, static_cast<float>(at));
-        const float end = std::min(a1, static_cast<float>(at + 1));
-        const float share = end - begin;
-        const float middle = c0 + slope * ((begin + end) / 2 - a0);
-        const float low = std::max(middle - reach, 0.0F);
-        const float high = std::min(middle + reach, static_cast<float>(across));
-        if (!(low < high))
+        const int begin = std::max(w.begin, at << kPlaces);
+        const int end = std::min(w.end, (at + 1) << kPlaces);
+        const int wide = end - begin;
+        const int middle =
+            w.across +
+            static_cast<int>(static_cast<int64_t>(w.slope) * ((begin + (end - begin) / 2) - w.begin) >> kPlaces);
+        const int low = std::max(middle - w.reach, 0);
+        const int high = std::min(middle + w.reach, w.acrossCount << kPlaces);
+        if (low >= high)
             continue;
-        const int first = static_cast<int>(low);
-        uint32_t* pixel = m_pixels + static_cast<size_t>(at) * alongStep + static_cast<size_t>(first) * acrossStep;
-        for (int row = first; static_cast<float>(row) < high; ++row, pixel += acrossStep)
-            mix(*pixel, color,
-                shareOf(share *
-                        (std::min(high, static_cast<float>(row + 1)) - std::max(low, static_cast<float>(row)))));
+        const int first = low >> kPlaces;
+        const int final = (high - 1) >> kPlaces;
+        uint32_t* pixel = m_pixels + static_cast<size_t>(at) * w.alongStep + static_cast<size_t>(first) * w.acrossStep;
+        if (first == final)
+        {
+            mix(*pixel, color, shareOf(high - low, wide));
+            continue;
+        }
+        mix(*pixel, color, shareOf(((first + 1) << kPlaces) - low, wide));
+        for (int row = first + 1; row < final; ++row)
+            mix(*(pixel += w.acrossStep), color, shareOf(kOne, wide));
+        mix(*(pixel + w.acrossStep), color, shareOf(high - (final << kPlaces), wide));
     }
 }
 

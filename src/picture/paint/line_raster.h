@@ -27,7 +27,22 @@ public:
     void speck(const Vertex& middle, double size, Rgb color) const;
 
 private:
-    void segment(Vertex from, Vertex to, uint32_t color, float halfWidth) const;
+    /// A way over the pixels: along the axis that a line leans to, and across it. Numbers with 16 binary places.
+    struct Walk
+    {
+        int begin;
+        int end;
+        int across; ///< at the beginning
+        int slope;
+        int reach; ///< half of what the line covers across
+        int alongCount;
+        int acrossCount;
+        size_t alongStep;
+        size_t acrossStep;
+    };
+
+    void segment(Vertex from, Vertex to, uint32_t color, double halfWidth) const;
+    void walk(const Walk& walk, uint32_t color) const;
 
     uint32_t* m_pixels;
     int m_width;

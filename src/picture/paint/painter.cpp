@@ -55,7 +55,7 @@ void Painter::paint(const DisplayList& list, const Map2d& toPage, const std::vec
     {
         if ((++painted & kBetweenLooks) == 0 && m_stop != nullptr && m_stop->load(std::memory_order_relaxed))
             break;
-        if (m_hidden == nullptr || item >= m_hidden->items.size() || !m_hidden->items[item])
+        if (m_hidden == nullptr || !m_hidden->hasItem(item))
             paintItem(scope, item);
     }
     m_canvas.flush();
@@ -77,7 +77,7 @@ bool Painter::spend()
 Pen Painter::penOf(uint32_t look, const Pen* around) const
 {
     Pen pen = m_lists.looks().pen(look, around);
-    if (m_hidden != nullptr && pen.layer < m_hidden->layers.size() && m_hidden->layers[pen.layer])
+    if (m_hidden != nullptr && m_hidden->hasLayer(pen.layer))
     {
         pen.shown = false;
         pen.frozen = true;
@@ -163,6 +163,8 @@ Rgb Painter::colorOf(const Pen& pen) const
     if (m_appearance.ink)
         return *m_appearance.ink;
     const Rgb foreground = inkOn(m_appearance.background);
+    if (pen.color.value == Color::kBackground)
+        return m_appearance.background;
     if (m_appearance.monochrome || pen.color.value < 0)
         return foreground;
     const auto color = static_cast<Rgb>(pen.color.value);
@@ -204,6 +206,10 @@ void Painter::paintPrimitive(const Scope& scope, const Primitive& primitive, con
         return paintText(scope, primitive, pen);
     case Primitive::kBlock:
         return paintBlock(scope, primitive, pen);
+    case Primitive::kImage:
+        return paintImage(scope, primitive);
+    case Primitive::kView:
+        return paintView(scope, primitive);
     }
 }
 
@@ -282,6 +288,13 @@ void Painter::paintArea(const Scope& scope, const Primitive& primitive, const Pe
         return m_stroker.speck(box);
     if (loops.empty())
         return;
+    if (m_appearance.ink)
+    {
+        // What stands out does not cover what lies in it.
+        for (const std::vector<Vertex>& loop : loops)
+            m_stroker.line(loop, true, m_appearance.gap);
+        return;
+    }
     m_canvas.area(loops, colorOf(pen), primitive.kind == Primitive::kArea);
     // A sliver may cover no pixel: its outline does.
     if (isPixels() && std::min(box.maxX - box.minX, box.maxY - box.minY) < m_appearance.speck)
@@ -398,9 +411,9 @@ void Painter::paintGlyphs(std::u16string_view letters, const Font& font, const M
     const double gap = std::min(m_appearance.gap, 0.3 * m_appearance.speck);
     double along = 0.0;
     std::vector<std::vector<Vertex>> outlines;
-    for (const char32_t character : charactersOf(letters))
+    while (!letters.empty())
     {
-        const Glyph* glyph = shownGlyph(font, character);
+        const Glyph* glyph = shownGlyph(font, takeCharacter(letters));
         if (glyph == nullptr)
             continue;
         for (const std::vector<Vertex>& path : glyph->paths)
@@ -431,6 +444,49 @@ void Painter::paintBlock(const Scope& scope, const Primitive& primitive, const P
     if (!mayReach && (box.isEmpty() || box.isApart(m_stroker.reach(), 0.0)))
         return;
     paintContents(scopeOf(list, toPage, &pen));
+}
+
+void Painter::paintImage(const Scope& scope, const Primitive& primitive)
+{
+    const PlacedImage& image = scope.list.image(primitive);
+    m_points.clear();
+    for (const Vertex& vertex : image.outline)
+        m_points.push_back(scope.toPage * vertex);
+    const std::vector<Vertex> seen = clipLoop(m_points, m_page);
+    if (seen.size() < 3)
+        return;
+    if (m_appearance.ink || !m_canvas.image(image.file, scope.toPage * image.map, seen))
+        m_stroker.line(m_points, true, 0.0);
+}
+
+/// What is seen through a window of a layout: painted as a page of its own, cut to the window.
+void Painter::paintView(const Scope& scope, const Primitive& primitive)
+{
+    const PlacedView& view = scope.list.view(primitive);
+    Box2d frame = scope.toPage.boxAround(view.frame);
+    frame = {std::max(frame.minX, m_page.minX), std::max(frame.minY, m_page.minY), std::min(frame.maxX, m_page.maxX),
+             std::min(frame.maxY, m_page.maxY)};
+    if (m_isInView || frame.minX >= frame.maxX || frame.minY >= frame.maxY)
+        return;
+    Hidden hidden{{}, m_hidden != nullptr ? m_hidden->layers : std::vector<bool>{}};
+    const std::vector<Layer>& layers = m_lists.looks().layers();
+    hidden.layers.resize(layers.size());
+    for (size_t i = 0; i < layers.size(); ++i)
+        for (const std::u16string& name : view.frozenLayers)
+            if (equalNoCase(name, layers[i].name))
+                hidden.layers[i] = true;
+    m_canvas.within(
+        frame,
+        [&](Canvas& canvas, const Vertex& corner)
+        {
+            const Box2d page{frame.minX - corner.x, frame.minY - corner.y, frame.maxX - corner.x,
+                             frame.maxY - corner.y};
+            Painter inner{m_lists, canvas, m_appearance, page, m_notes};
+            inner.m_isInView = true;
+            inner.hide(&hidden);
+            inner.setStop(m_stop);
+            inner.paint(m_lists.list(view.list), Map2d::translation({-corner.x, -corner.y}) * scope.toPage * view.map);
+        });
 }
 
 /// Rows and columns: only the copies that are on the page; where they are beyond counting, the ground they cover.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "picture/list/drawing_lists.h"
+#include "picture/list/hidden.h"
 #include "picture/paint/appearance.h"
 #include "picture/paint/canvas.h"
 #include "picture/paint/stroker.h"
@@ -11,13 +12,6 @@
 
 namespace picture
 {
-
-/// What of the lists is not to be painted on a page although the drawing shows it.
-struct Hidden
-{
-    std::vector<bool> items;  ///< of the list that is painted
-    std::vector<bool> layers; ///< by their index in `Looks`
-};
 
 /// Paints display lists onto a page. Several painters may work on the same lists at once, each with a canvas of its
 /// own, as long as nobody changes the lists.
@@ -62,6 +56,8 @@ private:
     void paintBar(const Map2d& map, double advance, double height, const Pen& pen);
     void paintGlyphs(std::u16string_view letters, const Font& font, const Map2d& map, const Pen& pen);
     void paintBlock(const Scope& scope, const Primitive& primitive, const Pen& pen);
+    void paintImage(const Scope& scope, const Primitive& primitive);
+    void paintView(const Scope& scope, const Primitive& primitive);
     void paintCopies(const Scope& scope, const PlacedBlock& placed, const Grid& grid, const Pen& pen);
     void putOnPage(const Scope& scope, const Primitive& primitive);
     Pen penOf(uint32_t look, const Pen* around) const;
@@ -82,6 +78,7 @@ private:
     std::vector<Pen> m_pens; ///< by look, of what stands in no block
     size_t m_spent = 0;
     size_t m_depth = 0;           ///< of blocks
+    bool m_isInView = false;      ///< what is painted is seen through a window of a layout
     std::vector<Vertex> m_points; ///< of the primitive at hand, on the page
 };
 

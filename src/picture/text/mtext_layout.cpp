@@ -14,7 +14,7 @@ constexpr double kTabWidth = 4.0;
 
 double widthOf(std::u16string_view text, const Font& font, const MTextFormat& format)
 {
-    return advanceOf(font, text) * format.height * format.widthFactor * format.tracking;
+    return extentOf(font, text).advance * format.height * format.widthFactor * format.tracking;
 }
 
 /// A line being filled: runs with places along it, base line at 0.

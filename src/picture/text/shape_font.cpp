@@ -78,7 +78,7 @@ class ShapeFont : public Font
 public:
     ShapeFont(Shapes shapes, ShapeCodes codes);
 
-    const Glyph* glyph(char32_t character) const override;
+    const Glyph* find(char32_t character) const override;
     bool isFilled() const override { return false; }
     bool isUsable() const { return m_height > 0.0; }
 
@@ -110,7 +110,7 @@ unsigned ShapeFont::numberOf(char32_t character) const
     return character < 0x10000 && HasByteForm(unit) ? static_cast<unsigned char>(EncodeText({&unit, 1})[0]) : 0;
 }
 
-const Glyph* ShapeFont::glyph(char32_t character) const
+const Glyph* ShapeFont::find(char32_t character) const
 {
     const auto known = m_glyphs.find(character);
     if (known != m_glyphs.end())

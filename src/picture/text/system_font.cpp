@@ -28,7 +28,7 @@ public:
         m_scale = 1.0 / (capital > 0.0 ? capital : kPixels * 0.7);
     }
 
-    const Glyph* glyph(char32_t character) const override
+    const Glyph* find(char32_t character) const override
     {
         const auto known = m_glyphs.find(character);
         if (known != m_glyphs.end())

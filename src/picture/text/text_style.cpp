@@ -132,6 +132,12 @@ const TextStyle& TextStyles::style(std::string_view raw)
     return m_byRawName.emplace(raw, style).first->second;
 }
 
+bool TextStyles::isUsed(std::u16string_view name) const
+{
+    return std::any_of(m_byRawName.begin(), m_byRawName.end(),
+                       [&](const auto& known) { return equalNoCase(m_database.encoding().decode(known.first), name); });
+}
+
 Typeface TextStyles::outlineFace(const std::string& family, bool bold, bool italic)
 {
     const std::string key = family + (bold ? "\nbold" : "\n") + (italic ? "\nitalic" : "\n");
@@ -181,7 +187,7 @@ std::unique_ptr<Font> TextStyles::loadStrokes(const std::string& file)
 /// Names of font files are compared without regard to case.
 std::string TextStyles::findFile(const std::string& name) const
 {
-    const std::string wanted = lowerCase(name);
+    const std::string wanted = lowerCase(fileName(name));
     for (const std::string& folder : m_folders)
     {
         std::error_code error;
@@ -219,8 +225,8 @@ std::u16string TextStyles::read(std::u16string_view text, const Typeface& face) 
 
 const Font& TextStyles::fontFor(const Typeface& face, std::u16string_view text)
 {
-    for (const char32_t character : charactersOf(text))
-        if (character > U' ' && face.font->glyph(character) == nullptr)
+    for (std::u16string_view left = text; !left.empty();)
+        if (const char32_t character = takeCharacter(left); character > U' ' && face.font->glyph(character) == nullptr)
             return *outlineFace({}, false, false).font;
     return *face.font;
 }

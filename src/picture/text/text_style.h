@@ -51,12 +51,18 @@ public:
 
     /// A style by its name as texts write it; the style of an unknown name is that of "Standard".
     const TextStyle& style(std::string_view raw);
+    /// Whether a style of this name was asked for: texts hang on it.
+    bool isUsed(std::u16string_view name) const;
+    /// Reads styles anew when they are next asked for.
+    void forget() { m_byRawName.clear(); }
     /// A font that a multi-line text names itself.
     Typeface outlineFace(const std::string& family, bool bold, bool italic);
     Typeface strokeFace(const std::string& file);
 
     /// The text as it is to be read in a face, letters composed.
     std::u16string read(std::u16string_view text, const Typeface& face) const;
+    /// A file by the last part of its name, in any of the folders; empty when it is not there.
+    std::string findFile(const std::string& name) const;
     /// The face's own font, or one that has all characters of the text where the face's lacks some.
     const Font& fontFor(const Typeface& face, std::u16string_view text);
 
@@ -65,7 +71,6 @@ private:
     Typeface faceOfFile(const std::string& file);
     std::unique_ptr<Font> loadStrokes(const std::string& file);
     char16_t byteOf(char16_t unit) const;
-    std::string findFile(const std::string& name) const;
 
     AcDbDatabase& m_database;
     std::vector<std::string> m_folders;
