@@ -240,7 +240,7 @@ void DocumentTab::lookAt(const Box2d& box)
 std::vector<AcDbObjectId> DocumentTab::entitiesIn(const Box2d& box, bool isCrossing)
 {
     std::vector<AcDbObjectId> found;
-    picture::DisplayList& list = m_document->scene()->lists().space(m_view->space());
+    const picture::DisplayList& list = m_document->scene()->space(m_view->space());
     for (const uint32_t item : list.itemsIn(box))
     {
         const Box2d& own = list.box(item);

@@ -61,7 +61,7 @@ std::vector<Match> searchDrawing(Scene& scene, const ObjectRecord* space, const 
     const Words sought{words};
     if (sought.isEmpty())
         return matches;
-    const picture::DisplayList& list = scene.lists().space(space);
+    const picture::DisplayList& list = scene.space(space);
     for (uint32_t i = 0; i < list.items().size(); ++i)
     {
         const picture::DisplayList::Item& item = list.items()[i];

@@ -95,7 +95,7 @@ Box2d ScannedSections::frame(Scene& scene, const SectionPlace& place)
         {
             std::vector<size_t> all(alignment->sections().size());
             std::iota(all.begin(), all.end(), size_t{0});
-            pages->second = sectionPages(scene.lists(), *alignment, all);
+            pages->second = sectionPages(scene.database(), scene.space(nullptr), *alignment, all);
         }
     return place.section < pages->second.size() ? pages->second[place.section].frame : Box2d{};
 }

@@ -3,6 +3,9 @@
 #include "host/db/database.h"
 #include "picture/list/entity_writer.h"
 #include "picture/list/list_update.h"
+#include "store/block_index.h"
+#include "store/header_variables.h"
+#include "store/pair_edit.h"
 
 #include <algorithm>
 #include <cmath>

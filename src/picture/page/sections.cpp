@@ -17,7 +17,7 @@ namespace
 class Places
 {
 public:
-    explicit Places(DisplayList& list) : m_list{list}
+    explicit Places(const DisplayList& list) : m_list{list}
     {
         for (uint32_t i = 0; i < list.items().size(); ++i)
             m_itemOf.emplace(list.items()[i].entity, i);
@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    DisplayList& m_list;
+    const DisplayList& m_list;
     std::unordered_map<const ObjectRecord*, uint32_t> m_itemOf;
 };
 
@@ -75,7 +75,7 @@ void keepClear(Box2d& frame, const Box2d& own, const Box2d& neighbour)
 }
 
 /// The box grown by the entities that touch it, and by those that touch these, as long as they keep off the neighbours.
-Box2d grown(const Box2d& own, DisplayList& list, const std::vector<Box2d>& others)
+Box2d grown(const Box2d& own, const DisplayList& list, const std::vector<Box2d>& others)
 {
     constexpr int kMostRounds = 6;
     Box2d frame = own;
@@ -116,13 +116,12 @@ AcDbObjectIdArray alignmentsOf(AcDbDatabase& database)
     return found;
 }
 
-std::vector<Page> sectionPages(DrawingLists& lists, const PlxDbAlignment& alignment,
+std::vector<Page> sectionPages(AcDbDatabase& database, const DisplayList& list, const PlxDbAlignment& alignment,
                                const std::vector<size_t>& positions)
 {
-    DisplayList& list = lists.modelSpace();
     const Places places{list};
     std::vector<Box2d> boxes;
-    for (const AcDbObjectId id : alignmentsOf(lists.database()))
+    for (const AcDbObjectId id : alignmentsOf(database))
         if (const AcDbObjectPointer<PlxDbAlignment> each{id})
             for (const SectionRecord& section : each->sections())
                 boxes.push_back(ownBox(section, places));

@@ -17,7 +17,7 @@ AcDbObjectIdArray alignmentsOf(AcDbDatabase& database);
 /// The pages of sections of an alignment (positions from 0). Each shows the section's own drawing: ground line, base
 /// point and what was drawn on it, and the entities that touch these, short of what is the neighbours'. A section
 /// without a ground line has a page that says so.
-std::vector<Page> sectionPages(DrawingLists& lists, const PlxDbAlignment& alignment,
+std::vector<Page> sectionPages(AcDbDatabase& database, const DisplayList& modelSpace, const PlxDbAlignment& alignment,
                                const std::vector<size_t>& positions);
 
 } // namespace picture
