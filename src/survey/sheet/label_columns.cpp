@@ -57,7 +57,7 @@ std::vector<Bend> bendsOf(const GroundPiece& ground)
 
 } // namespace
 
-std::vector<GroundPoint> labelColumns(const GroundPiece& ground, double leastGap)
+std::vector<GroundPoint> labelColumns(const GroundPiece& ground, double leastGap, bool isMeasured)
 {
     std::set<GroundPoint, ByOffset> columns;
     const auto offer = [&](const GroundPoint& point)
@@ -75,6 +75,8 @@ std::vector<GroundPoint> labelColumns(const GroundPiece& ground, double leastGap
         offer({0.0, heightBetween(*std::prev(behind), *behind, 0.0)});
     for (const Bend& bend : bendsOf(ground))
         offer(ground[bend.index]);
+    if (isMeasured)
+        std::for_each(ground.begin(), ground.end(), offer);
     return {columns.begin(), columns.end()};
 }
 

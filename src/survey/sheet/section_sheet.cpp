@@ -183,7 +183,8 @@ void SectionSheet::Sketch::ladder()
 
 void SectionSheet::Sketch::columns()
 {
-    const std::vector<GroundPoint> columns = labelColumns(*m_sheet.m_ground, kLeastGap / m_sheet.m_unit);
+    const std::vector<GroundPoint> columns =
+        labelColumns(*m_sheet.m_ground, kLeastGap / m_sheet.m_unit, m_sheet.m_section.given != nullptr);
     const GroundPoint* before = nullptr;
     for (const GroundPoint& column : columns)
     {
