@@ -99,7 +99,7 @@ TEST_F(ViewTest, PickFindsTextsHatchesPointsAndWhatStandsInBlocks)
     TestDrawing drawing;
     drawing.beginBlock("TREE").line({-1, 0, 0}, {1, 0, 0});
     drawing.endBlock();
-    const uint64_t text = drawing.text("MUONG", {10, 10}, 2.0);
+    const uint64_t text = drawing.text("MUONG", {10, 10, 0}, 2.0);
     const uint64_t solid =
         drawing.entity("SOLID", "100\nAcDbTrace\n 10\n30\n 20\n10\n 11\n40\n 21\n10\n 12\n30\n 22\n20\n 13\n"
                                 "40\n 23\n20\n");
