@@ -6,9 +6,11 @@
 #include "desktop/sections/ground_here.h"
 #include "desktop/view/drawing_view.h"
 #include "desktop/workspace/workspace.h"
+#include "host/app/session.h"
 #include "host/db/database.h"
 #include "plan/plan_symbols.h"
 #include "sectiondraw/alignment_drawing.h"
+#include "sectiondraw/ground_line.h"
 #include "util/document_lock.h"
 
 #include <cmath>
@@ -29,6 +31,7 @@ QString signedNumber(double value)
 SectionActions::SectionActions(Workspace& workspace, SectionPanel& panel) : m_workspace{workspace}, m_panel{panel}
 {
     m_panel.onSection = [this](const SectionPlace& place) { go(place); };
+    m_panel.faults().onChosen = [this](const FoundFault& fault) { showFault(fault); };
 }
 
 DocumentTab* SectionActions::front() const
@@ -41,7 +44,10 @@ void SectionActions::refresh()
 {
     DocumentTab* tab = front();
     if (tab == nullptr)
-        return m_panel.show(nullptr);
+    {
+        m_panel.show(nullptr);
+        return;
+    }
     SectionsOfTab& sections = tab->sections();
     if (!sections.isScanned || sections.scanned.seen() != tab->document()->database().changeCount())
     {
@@ -57,7 +63,8 @@ void SectionActions::refresh()
         if (sections.isDrawnHidden)
             hideDrawn(*tab);
     }
-    m_panel.show(&sections.scanned);
+    if (m_panel.show(&sections.scanned))
+        m_panel.faults().show(faultsOf(sections.scanned, m_workspace.session().damage(), *tab->document()->scene()));
     if (sections.current)
         m_panel.setCurrent(*sections.current);
 }
@@ -83,6 +90,33 @@ void SectionActions::go(const SectionPlace& place)
     if (onSection)
         onSection(toQString(sections.scanned.lines()[place.line].m_strName) + " · " +
                   toQString(sections.scanned.section(place).m_strName));
+}
+
+void SectionActions::showFault(const FoundFault& fault)
+{
+    DocumentTab* tab = front();
+    if (tab == nullptr)
+        return;
+    if (!fault.entity.isNull())
+    {
+        tab->lookAt(tab->view().boxOf({fault.entity}));
+        if (onEntity)
+            onEntity(fault.entity);
+    }
+    if (!fault.section)
+        return;
+    go(*fault.section);
+    const CrossSectionXdata& section = tab->sections().scanned.section(*fault.section);
+    if (!fault.offset)
+        return;
+    constexpr double kAround = 5.0; ///< metres of the road, to each side
+    const AcGePoint3d plan = section.m_ptCenter + section.m_vecDir * -*fault.offset;
+    tab->view().zoomTo({plan.x - kAround, plan.y - kAround, plan.x + kAround, plan.y + kAround});
+    const double x = section.m_ptOrigin.x + *fault.offset * section.m_dScale;
+    const double around = kAround * section.m_dScale;
+    const std::optional<AcGePoint3d> ground = GroundLine{section}.FindGroundPoint(*fault.offset);
+    const double y = ground ? ground->y : section.m_ptOrigin.y;
+    tab->sectionView().zoomTo({x - around, y - around, x + around, y + around});
 }
 
 void SectionActions::step(long by)

@@ -21,6 +21,8 @@ public:
 
     /// The section at hand, named for the user.
     std::function<void(const QString& name)> onSection;
+    /// An entity is shown as if it was clicked.
+    std::function<void(AcDbObjectId entity)> onEntity;
 
     /// Another drawing is in front, or the panel came up: shows the sections, found anew where the drawing changed.
     void refresh();
@@ -42,6 +44,7 @@ public:
 private:
     DocumentTab* front() const;
     void hideDrawn(DocumentTab& tab) const;
+    void showFault(const FoundFault& fault);
     QString textOnSection(DocumentTab& tab, const SectionPlace& section, const picture::Vertex& place);
 
     Workspace& m_workspace;

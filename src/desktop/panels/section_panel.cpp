@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -45,7 +46,8 @@ QString offsetShown(double offset)
 
 } // namespace
 
-SectionPanel::SectionPanel() : m_message{new QLabel}, m_filter{new QLineEdit}, m_tree{new QTreeWidget}
+SectionPanel::SectionPanel()
+    : m_message{new QLabel}, m_filter{new QLineEdit}, m_tree{new QTreeWidget}, m_faults{new FaultList}
 {
     auto* column = new QVBoxLayout{this};
     column->setContentsMargins(0, 0, 0, 0);
@@ -64,7 +66,14 @@ SectionPanel::SectionPanel() : m_message{new QLabel}, m_filter{new QLineEdit}, m
     m_tree->setColumnWidth(0, 130);
     column->addWidget(m_message);
     column->addWidget(m_filter);
-    column->addWidget(m_tree, 1);
+    auto* lists = new QSplitter{Qt::Vertical};
+    lists->addWidget(m_tree);
+    lists->addWidget(m_faults);
+    lists->setStretchFactor(0, 3);
+    lists->setStretchFactor(1, 1);
+    m_lists = lists;
+    column->addWidget(lists, 1);
+    column->addStretch();
     connect(m_filter, &QLineEdit::textChanged, this, [this] { filter(); });
     connect(m_tree, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { fillRows(*item); });
     connect(m_tree, &QTreeWidget::currentItemChanged, this,
@@ -78,13 +87,14 @@ SectionPanel::SectionPanel() : m_message{new QLabel}, m_filter{new QLineEdit}, m
     show(nullptr);
 }
 
-void SectionPanel::show(const ScannedSections* sections)
+bool SectionPanel::show(const ScannedSections* sections)
 {
     if (sections != nullptr && sections == m_sections && sections->seen() == m_seen)
-        return;
+        return false;
     m_sections = sections;
     m_seen = sections != nullptr ? sections->seen() : 0;
     fill();
+    return true;
 }
 
 void SectionPanel::fill()
@@ -95,7 +105,7 @@ void SectionPanel::fill()
     m_message->setText(m_sections == nullptr ? msg("No drawing is open") : msg("The drawing has no alignment."));
     m_message->setVisible(!hasAny);
     m_filter->setVisible(hasAny);
-    m_tree->setVisible(hasAny);
+    m_lists->setVisible(hasAny);
     for (size_t i = 0; hasAny && i < m_sections->lines().size(); ++i)
     {
         const ItemReferenceLine& line = m_sections->lines()[i];

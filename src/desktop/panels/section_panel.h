@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/panels/fault_list.h"
 #include "desktop/sections/scanned_sections.h"
 
 #include <QWidget>
@@ -23,8 +24,11 @@ public:
     /// The user goes to a section.
     std::function<void(const SectionPlace& place)> onSection;
 
-    /// Null: none. The sections must outlive what is shown of them. What is listed already stays as it is.
-    void show(const ScannedSections* sections);
+    /// Null: none. The sections must outlive what is shown of them. What is listed already stays as it is;
+    /// answers whether it was listed anew.
+    bool show(const ScannedSections* sections);
+    /// What is wrong, below them.
+    FaultList& faults() { return *m_faults; }
     /// Marks a section as the one at hand.
     void setCurrent(const SectionPlace& place);
 
@@ -38,6 +42,8 @@ private:
     QLabel* m_message;
     QLineEdit* m_filter;
     QTreeWidget* m_tree;
+    FaultList* m_faults;
+    QWidget* m_lists; ///< the tree and the faults
 };
 
 } // namespace desktop

@@ -124,6 +124,7 @@ void MainWindow::buildPanels()
     m_sectionPanel = new SectionPanel;
     m_sectionActions = std::make_unique<SectionActions>(*this, *m_sectionPanel);
     m_sectionActions->onSection = [this](const QString& name) { m_sectionName->setText(name); };
+    m_sectionActions->onEntity = [this](AcDbObjectId entity) { select(entity); };
     addPanel("sectionsPanel", msg("Cross-sections"), m_sectionPanel, Qt::LeftDockWidgetArea)->hide();
     addPanel("propertiesPanel", msg("Properties"), m_properties, Qt::RightDockWidgetArea);
     addPanel("layersPanel", msg("Layers"), m_layers, Qt::RightDockWidgetArea);

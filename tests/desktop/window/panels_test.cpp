@@ -6,6 +6,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabBar>
@@ -13,6 +14,8 @@
 #include <QTreeWidget>
 
 #include <gmock/gmock.h>
+
+#include <iostream>
 
 using testing::HasSubstr;
 using testing::Not;
@@ -227,6 +230,40 @@ TEST_F(Sections, WhatWasDrawnIsHiddenByAKeyAndErasedAsOneStep)
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(isSeen());
     EXPECT_EQ(window().tabs().tabText(1), "drawn.dxf");
+}
+
+TEST_F(Sections, WhatIsWrongIsListedAndLedTo)
+{
+    TestDrawing drawing;
+    TestAlignment& road = drawing.alignment("T1");
+    road.section("C1", {0, 20}, {0, -20}).base({1000, 0, 0});
+    TestSection& twice = road.section("C2", {50, 20}, {50, -20}).base({1000, 100, 0}).ground({{-20, 3}, {20, 3}});
+    twice.point("CAY", {50, -8, 0});
+    twice.point("CAY", {50, -8, 0});
+    drawing.entity("CIRCLE", "100\nAcDbCircle\n 10\n300\n 20\n0\n 40\nwide\n");
+    open("wrong.dxf", drawing.dxf());
+    auto& faults = find<QListWidget>("faults");
+    const auto choose = [&](const QString& words)
+    {
+        const QList<QListWidgetItem*> found = faults.findItems(words, Qt::MatchContains);
+        if (found.isEmpty())
+        {
+            for (int i = 0; i < faults.count(); ++i)
+                std::cerr << faults.item(i)->text().toStdString() << '\n';
+            FAIL() << "nothing says " << words.toStdString();
+        }
+        QListWidgetItem& item = *found.front();
+        QTest::mouseClick(faults.viewport(), Qt::LeftButton, {}, faults.visualItemRect(&item).center());
+    };
+    choose("C1 has no ground line");
+    EXPECT_EQ(sectionName(), "T1 · C1");
+    choose("CAY stands 4 times at +8.00");
+    EXPECT_EQ(sectionName(), "T1 · C2");
+    EXPECT_NEAR(view().frame().centre.x, 50, 1e-6);
+    EXPECT_NEAR(view().frame().centre.y, -8, 1e-6);
+    EXPECT_NEAR(sectionView().frame().centre.x, 1008, 1e-6);
+    EXPECT_NEAR(sectionView().frame().centre.y, 103, 1e-6);
+    EXPECT_EQ(faults.findItems("CIRCLE, damaged (1)", Qt::MatchContains).size(), 1);
 }
 
 TEST_F(Sections, ADrawingWithoutAlignmentSaysSo)
