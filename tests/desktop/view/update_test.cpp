@@ -70,17 +70,17 @@ TEST_F(UpdateTest, EveryKindOfChangeShowsAsInListsMadeAnew)
     const uint64_t inner =
         drawing.beginBlock("LEAF").entity("LINE", "100\nAcDbLine\n 10\n-1\n 20\n0\n 11\n1\n 21\n0\n");
     drawing.endBlock();
-    drawing.beginBlock("TREE").insert("LEAF", {0, 2});
+    drawing.beginBlock("TREE").insert("LEAF", {0, 2, 0});
     drawing.endBlock();
     drawing.feature("", {{0, 0}, {100, 0}, {100, 60}, {0, 60}}, true);
     drawing.onLayer("ROAD");
-    const uint64_t line = drawing.line({10, 10}, {90, 50});
+    const uint64_t line = drawing.line({10, 10, 0}, {90, 50, 0});
     drawing.onLayer("0");
-    drawing.insert("TREE", {30, 40});
+    drawing.insert("TREE", {30, 40, 0});
     // A reference that is tilted shows what its block has at other places.
     drawing.entity("INSERT",
                    "100\nAcDbBlockReference\n  2\nLEAF\n 10\n60\n 20\n20\n 41\n9\n 42\n9\n210\n0\n220\n1\n230\n1\n");
-    const uint64_t label = drawing.text("MUONG", {20, 50}, 4.0);
+    const uint64_t label = drawing.text("MUONG", {20, 50, 0}, 4.0);
     show(drawing);
     m_last = picture();
     const TestLock lock;
@@ -118,9 +118,9 @@ TEST_F(UpdateTest, EveryKindOfChangeShowsAsInListsMadeAnew)
 TEST_F(UpdateTest, AThousandChangesOfOneEntityDoNotPileUp)
 {
     TestDrawing drawing;
-    const uint64_t line = drawing.line({0, 0}, {100, 50});
+    const uint64_t line = drawing.line({0, 0, 0}, {100, 50, 0});
     for (int i = 0; i < 100; ++i)
-        drawing.line({i * 1.0, 0}, {i * 1.0, 50});
+        drawing.line({i * 1.0, 0, 0}, {i * 1.0, 50, 0});
     show(drawing);
     const size_t before = m_scene->lists().bytes();
     const TestLock lock;
