@@ -19,13 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     return 0;
 }
 
-extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t maxSize, unsigned seed)
+std::string changedInput(std::string_view input, unsigned seed)
 {
-    Pairs pairs = pairsOf({reinterpret_cast<const char*>(data), size});
-    if (pairs.empty() || seed % 16 == 0)
-        return LLVMFuzzerMutate(data, size, maxSize);
-    mutate(pairs, seed);
-    return giveBack(textOf(pairs), data, size, maxSize);
+    return changedText(input, seed);
 }
 
 extern "C" size_t LLVMFuzzerCustomCrossOver(const uint8_t* first, size_t firstSize, const uint8_t* second,

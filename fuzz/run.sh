@@ -2,32 +2,34 @@
 # Runs every fuzzer in turn for its share of the time and prints how much of the program its inputs reached.
 #   fuzz/run.sh MINUTES [NAME...]     all of them, or those named
 #   fuzz/run.sh --keep [NAME...]      writes fuzz/coverage.txt anew: after the corpus or the code has changed
-# Fails when an input crashes a fuzzer, hangs it or breaks what must hold (the input is kept in build/fuzz/found), and
+# Fails when an input crashes a fuzzer, hangs it or breaks what must hold (the input is kept in build/asan/found), and
 # when a fixed number of runs from the kept corpus covers clearly less than fuzz/coverage.txt says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 [ $# -gt 0 ] || { sed -n '2,6s/^# \?//p' "$0"; exit 2; }
 minutes=$1
 shift
-fuzzers=(drawing binary_drawing symbol library plan_table settings)
+fuzzers=(drawing binary_drawing symbol library plan_table settings script)
 [ $# -eq 0 ] || fuzzers=("$@")
 
 fixed_runs=100
 tolerance=10 # percent: what is reached moves a little with every change of the code
-found=build/fuzz/found
+build=build/asan
+found=$build/found
+work=$build/fuzz
 kept=fuzz/coverage.txt
 common=(-max_len=16384 -timeout=30 -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$found/")
 
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz
-mkdir -p "$found" build/fuzz/tmp
-export TMPDIR=$PWD/build/fuzz/tmp
+cmake --preset asan >/dev/null
+cmake --build --preset asan --target "${fuzzers[@]/#/fuzz_}"
+mkdir -p "$found" "$work/tmp"
+export TMPDIR=$PWD/$work/tmp
 
 # Runs a fuzzer; the figures it ends with go to `edges` and `runs`.
 fuzz() {
-  local name=$1 log=build/fuzz/$1.log
+  local name=$1 log=$work/$1.log
   shift
-  if ! "build/fuzz/bin/fuzz_$name" "${common[@]}" "$@" >"$log" 2>&1; then
+  if ! "$build/bin/fuzz_$name" "${common[@]}" "$@" >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     echo "$name: see $log; the input is in $found" >&2
     return 1
@@ -50,10 +52,10 @@ for name in "${fuzzers[@]}"; do
     echo "$name: the corpus covers $edges edges, $expected are kept in $kept" >&2
     status=1
   fi
-  new=build/fuzz/corpus/$name
+  new=$work/corpus/$name
   mkdir -p "$new"
   fuzz "$name" -max_total_time=$((minutes * 60 / ${#fuzzers[@]})) "$new" "fuzz/corpus/$name" || { status=1; continue; }
   echo "$name: $runs runs, $edges edges covered"
 done
-rm -rf build/fuzz/tmp
+rm -rf "$work/tmp"
 exit $status

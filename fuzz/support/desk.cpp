@@ -2,6 +2,7 @@
 
 #include "files/dxf/error.h"
 #include "files/dxf/reader.h"
+#include "files/dxf/writer.h"
 #include "frame/entry/module.h"
 #include "fuzz/support/check.h"
 #include "host/db/database.h"

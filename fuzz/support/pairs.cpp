@@ -249,6 +249,13 @@ void mutate(Pairs& pairs, unsigned seed)
         anyOf(random, kChanges)(pairs, random);
 }
 
+std::string changedText(std::string_view text, unsigned seed)
+{
+    Pairs pairs = pairsOf(text);
+    mutate(pairs, seed);
+    return textOf(pairs);
+}
+
 void mix(Pairs& pairs, const Pairs& other, unsigned seed)
 {
     Random random{seed};

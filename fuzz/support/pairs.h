@@ -22,5 +22,7 @@ std::string binaryOf(const Pairs& pairs, bool shortCodes);
 
 /// Changes a few pairs or whole entities. `seed` decides all.
 void mutate(Pairs& pairs, unsigned seed);
+/// The text of a drawing after such changes.
+std::string changedText(std::string_view text, unsigned seed);
 /// Puts some entities of `other` into `pairs`.
 void mix(Pairs& pairs, const Pairs& other, unsigned seed);

@@ -19,12 +19,6 @@ using namespace control_ids::sections;
 
 constexpr int kMostRows = 6;
 
-/// Every kind of what a symbol may hold, in the oldest form.
-constexpr const char* kSymbol =
-    "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
-    "0\nLINE\n8\nS\n10\n0\n20\n0\n11\n1\n21\n1\n0\nARC\n8\n0\n10\n0\n20\n0\n40\n1\n50\n0\n51\n9\n"
-    "0\nENDSEC\n0\nEOF\n";
-
 void drawSections(Desk& desk)
 {
     desk.command(u"DSS");

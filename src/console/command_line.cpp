@@ -6,6 +6,7 @@
 #include "console/commands/import_words.h"
 #include "console/program/desktop_program.h"
 #include "console/text/shown_text.h"
+#include "store/text/text.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -76,9 +77,15 @@ void addOutput(CLI::App& command, DrawOptions& options)
     addOverwrite(command, options.common);
 }
 
+/// A name from the command line, whose bytes need not be UTF-8.
+std::string nameOfBytes(const std::string& bytes)
+{
+    return toUtf8(lettersForBytes(keepBytes(bytes)));
+}
+
 void addAlignment(CLI::App& command, DrawOptions& options, const char* description)
 {
-    command.add_option("--alignment", options.alignment, description)->type_name("NAME");
+    command.add_option("--alignment", options.alignment, description)->type_name("NAME")->transform(nameOfBytes, "");
 }
 
 void addLibrary(CLI::App& command, DrawOptions& options)

@@ -7,25 +7,26 @@
 namespace disk
 {
 
-/// What tells one state of a file from every other: which file it is, its size, and when it was last changed.
+/// What tells one state of a file from every other: which file it is, its size, and when its contents were last
+/// changed. Other rights or another name beside its own (a backup's hard link) make no other contents.
 struct FileStamp
 {
     dev_t device = 0;
     ino_t inode = 0; ///< 0: there is no file
     off_t size = 0;
-    timespec changed = {};
+    timespec modified = {};
 
     bool exists() const { return inode != 0; }
     bool operator==(const FileStamp& other) const
     {
         return device == other.device && inode == other.inode && size == other.size &&
-               changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+               modified.tv_sec == other.modified.tv_sec && modified.tv_nsec == other.modified.tv_nsec;
     }
 };
 
 inline FileStamp stampOf(const struct stat& status)
 {
-    return {status.st_dev, status.st_ino, status.st_size, status.st_ctim};
+    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim};
 }
 
 /// The state of the file at `path` now.

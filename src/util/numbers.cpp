@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace
@@ -20,16 +21,23 @@ std::string numberCharacters(std::u16string_view text)
     return {text.begin(), end};
 }
 
+/// The number at the start of `text`; none for one that is too large.
+auto leadingReal(std::u16string_view text)
+{
+    const auto found = host::leadingReal(numberCharacters(text));
+    return std::isfinite(found.value) ? found : decltype(found){};
+}
+
 } // namespace
 
 bool StartsWithReal(std::u16string_view text)
 {
-    return host::leadingReal(numberCharacters(text)).length > 0;
+    return leadingReal(text).length > 0;
 }
 
 double ToReal(std::u16string_view text)
 {
-    return host::leadingReal(numberCharacters(text)).value;
+    return leadingReal(text).value;
 }
 
 int ToInteger(std::u16string_view text)

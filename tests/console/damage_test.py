@@ -3,9 +3,7 @@
 import json
 import shutil
 
-from program import LIBRARY, SAMPLE, SOURCE, SYMBOLS, TABLE, ProgramTest, main
-
-CASES = SOURCE / "tests" / "cases" / "damaged_values.txt"
+from program import LIBRARY, SAMPLE, SYMBOLS, TABLE, ProgramTest, main, read_cases
 
 
 class Drawing:
@@ -58,16 +56,16 @@ class Damage(ProgramTest):
 
     def test_one_value(self):
         expected = {}
-        cases = [line for line in CASES.read_text(encoding="utf-8").splitlines() if line and not line.startswith("#")]
+        cases = read_cases("damaged_values.txt")
         self.assertGreater(len(cases), 40)
         for case in cases:
-            name, code, which, value, command, outcome = (part.strip().replace("_", " ") for part in case.split("|"))
+            name, code, which, value, command, outcome = (field.replace("_", " ") for field in case.fields)
             drawing = Drawing()
             pairs = drawing.find(name)
             at = drawing.values(pairs, code)[int(which) - 1]
             drawing.lines[at] = value
             path = drawing.save(self.folder / "in.dxf")
-            with self.subTest(case):
+            with self.subTest(case.name):
                 self.try_case(command, outcome, path, (f"line {at + 1}: \"{value}\"", drawing.value(pairs, 5)), expected)
 
     def try_case(self, command, outcome, path, named, expected):

@@ -75,6 +75,15 @@ class NamesOnDisk(ProgramTest):
         self.run_bytes("folders", "--remove", folder)
         self.assertEqual(self.run_bytes("folders", "--json")["folders"], [])
 
+    def test_an_alignment_is_named_in_8_bit_vietnamese_too(self):
+        with open(self.path(b"a.dxf"), "wb") as drawing:
+            drawing.write(SAMPLE.read_bytes().replace(b"\nT2\n", "\nTuyến 2\n".encode()))
+        out, chosen = b"b.dxf", b"TUY\xd5N 2"
+        self.assertEqual(self.run_bytes("draw", b"a.dxf", "-o", out, "--alignment", chosen, "--json")["alignment"], "Tuyến 2")
+        checked = self.run_bytes("check", b"a.dxf", "--alignment", chosen, "--json")
+        self.assertEqual([each["name"] for each in checked["alignments"]], ["Tuyến 2"])
+        self.assertIn('no alignment "đêm"', self.run_bytes("erase", b"a.dxf", "-o", out, "--alignment", b"\xae\xaam", status=1))
+
     def test_a_row_finds_its_symbol_in_every_reading(self):
         table = self.path(b"b.dvbd")
         with open(table, "wb") as rows:

@@ -71,6 +71,16 @@ class Verdict(ProgramTest):
         unreadable.write_text("no drawing")
         self.assertEqual(self.kinds(self.check(SAMPLE, *arguments)["stops"]), {"unreadableFiles": 1})
 
+    def test_files_of_symbols_that_are_not_drawn_stop_nothing(self):
+        library = self.library(b"MuongXay.dxf", b"Lost.dxf")
+        arguments = ["--library", library, "--symbols", SYMBOLS, "--alignment", "T1"]
+        self.draw(SAMPLE, self.folder / "drawn.dxf")
+        kept = self.settings / "iniSymbol.cfg"
+        switched = kept.read_text(encoding="latin-1").replace("Check Section symbol layer=1", "Check Section symbol layer=0")
+        kept.write_text(switched, encoding="latin-1")
+        checked = self.check(SAMPLE, *arguments)
+        self.assertEqual((checked["ready"], checked["lostFiles"], len(checked["unreadable"])), (True, [], 1))
+
     def test_points_whose_side_is_not_seen(self):
         text = SAMPLE.read_text(encoding="utf-8").split("\nENTITIES\n")
         moved = re.sub(r"(PlxDbPointObj\n 10\n)([^\n]*)", lambda m: f"{m[1]}{float(m[2]) + 0.05!r}", text[1])

@@ -84,7 +84,7 @@ class Render(program.ProgramTest):
             ("deep", {**deep, "B300": [line(0, 0, 1, 1)]}, [insert("B0")], "nested deeper"),
             ("circle", {"A": [insert("B"), line(0, 0, 1, 1)], "B": [insert("A")]}, [insert("A")], "contain each other"),
             ("copies", {"A": [line(0, 0, 1, 1)]},
-             [insert("A", (70, 32767), (71, 32767), (44, 2), (45, 2))], "more than 20,000 copies"),
+             [insert("A", (70, 32767), (71, 32767), (44, 2), (45, 2))], "more than 200,000 copies"),
             ("text", {}, [[(0, "TEXT"), (8, 0), (10, 0), (20, 0), (40, 1e7), (1, "A")]], "label font"),
         ]
         for name, blocks, entities, note in cases:

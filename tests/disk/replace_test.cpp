@@ -112,6 +112,26 @@ TEST(ReplacedFile, WhatAFileSystemLacksDoesNotHinderIt)
     EXPECT_EQ(shelf.folder.count(), 2U);
 }
 
+TEST(ReplacedFile, IsStillTheOneThatWasSeenUntilItsContentsChange)
+{
+    Shelf shelf;
+    const disk::ReplaceRules rules{.keepEarlier = true, .seen = disk::stampOf(shelf.path)};
+    shelf.faults.refused = {{{disk::Step::kRename, shelf.path}, EIO}};
+    EXPECT_THROW(disk::replaceFile(shelf.path, {"new"}, rules, shelf.faults), disk::FileError);
+    std::filesystem::permissions(shelf.path, std::filesystem::perms::owner_all);
+    std::filesystem::create_hard_link(shelf.path, shelf.path + ".kept");
+    disk::replaceFile(shelf.path, {"new"}, rules);
+    EXPECT_EQ(shelf.held(), "new|now") << "tried again, after a failure and other rights and names";
+
+    EXPECT_THROW(disk::replaceFile(shelf.path, {"other"}, rules), disk::ChangedFile) << "another file";
+    const disk::ReplaceRules again{.seen = disk::stampOf(shelf.path)};
+    shelf.folder.write("a.dxf", "NEW");
+    std::filesystem::last_write_time(shelf.path,
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds{1});
+    EXPECT_THROW(disk::replaceFile(shelf.path, {"other"}, again), disk::ChangedFile) << "of the same size";
+    EXPECT_EQ(shelf.held(), "NEW|now");
+}
+
 TEST(ReplacedFile, ABackupThatIsAnotherNameOfTheFileIsReplacedToo)
 {
     Shelf shelf;

@@ -148,6 +148,7 @@ TEST_F(SettingsFile, AnyBytesAreReadAndCanBeSavedAgain)
         EXPECT_EQ(lineCount(once), 23);
     }
     EXPECT_EQ(load(std::string(1000000, '=')).m_dDeltaY, 2.0);
+    EXPECT_THAT(save(load("DeltaY=1e400\n")), HasSubstr("DeltaY=0.000000\n"));
 }
 
 TEST_F(SettingsFile, PathsInTheModuleFolderAreWrittenFromThereOn)

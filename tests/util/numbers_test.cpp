@@ -1,12 +1,9 @@
 #include "util/numbers.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace
 {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 std::u16string zeros(size_t count)
 {
@@ -27,24 +24,24 @@ TEST(Numbers, TheLongestNumberAtTheStartOfATextCounts)
     EXPECT_EQ(ToReal(u"2E-"), 2.0);
     EXPECT_EQ(ToReal(u"0x10"), 0.0);
     EXPECT_EQ(ToReal(u"5１"), 5.0);
-    for (const std::u16string_view text : {u"", u" ", u"abc", u"inf", u"-nan", u".", u"-", u"+-1", u".e5", u"e5"})
+    for (const std::u16string_view text :
+         {u"", u" ", u"abc", u"inf", u"-nan", u".", u"-", u"+-1", u".e5", u"e5", u"1e999", u"-1e400"})
     {
         EXPECT_EQ(ToReal(text), 0.0);
         EXPECT_FALSE(StartsWithReal(text));
     }
-    for (const std::u16string_view text : {u"0", u" -0.0", u"0x10", u"+.5m", u"1e999"})
+    for (const std::u16string_view text : {u"0", u" -0.0", u"0x10", u"+.5m", u"1e308"})
         EXPECT_TRUE(StartsWithReal(text));
 }
 
 TEST(Numbers, RealsOfAnyLengthAndSizeAreRead)
 {
-    EXPECT_EQ(ToReal(u"1" + zeros(400)), kInfinity);
-    EXPECT_EQ(ToReal(u"-1e400"), -kInfinity);
-    EXPECT_EQ(ToReal(u"1e99999999999999999999"), kInfinity);
+    EXPECT_EQ(ToReal(u"1" + zeros(400)), 0.0) << "too large for any file";
+    EXPECT_EQ(ToReal(u"1e99999999999999999999"), 0.0);
     EXPECT_EQ(ToReal(u"1e-99999999999999999999"), 0.0);
     EXPECT_EQ(ToReal(u"0." + zeros(400) + u"1"), 0.0);
     EXPECT_EQ(ToReal(u"0." + zeros(400) + u"1e401"), 1.0);
-    EXPECT_EQ(ToReal(u"0." + zeros(400) + u"1e801"), kInfinity);
+    EXPECT_EQ(ToReal(u"0." + zeros(400) + u"1e801"), 0.0);
     EXPECT_EQ(ToReal(zeros(100000) + u"3"), 3.0);
     EXPECT_EQ(ToReal(u"1" + zeros(100000) + u"e-100000"), 1.0);
 }

@@ -56,9 +56,15 @@ CommonOptions keepingNothing(const std::string& table, const DrawOptions& option
     return common;
 }
 
+/// The kinds whose symbols the settings that are in force have drawn.
+FeatureKinds drawnKinds()
+{
+    const DrawStyle style = MakeDrawStyle(g_DatabaseCS);
+    return {style.symbolBlock.on, style.fcodeBlock.on, style.fcodeBlock.on, true};
+}
+
 void checkSection(CheckReport& report, const std::string& alignment, const CrossSectionXdata& section)
 {
-    report.features.add(section);
     const CheckedSection place{alignment, toUtf8(section.m_strName), {}};
     if (!GroundLine(section).isReadable())
         report.withoutGroundLine.push_back(place);
@@ -124,9 +130,14 @@ void checkSections(CheckReport& report, Program& program, AcDbDatabase& database
         if (duplicate) // the dialog acts on the first one
             continue;
         confirmSettings(report, dss, line, options);
-        report.sections.add(line);
+        const FeatureKinds drawn = drawnKinds();
+        report.sections.add(line, drawn);
         for (const CrossSectionXdata& section : line.m_listCrossSections)
+        {
+            report.features.add(section);
+            report.needed.add(section, drawn);
             checkSection(report, toUtf8(line.m_strName), section);
+        }
     }
     checkSettings(report, database);
     dss.close();
@@ -257,6 +268,7 @@ CheckReport checkDrawing(const std::string& table, const DrawOptions& options)
                       [&](const PlanTable& shown)
                       {
                           report.features.kinds[kTableCodes] = shown.codes.kinds[kTableCodes];
+                          report.needed.kinds[kTableCodes] = shown.codes.kinds[kTableCodes];
                           report.features.texts[kTableCodes] = shown.codes.texts[kTableCodes];
                           report.keptSymbols = keptSymbols(shown.codes, rowFiles.back());
                           for (const auto& [code, rotation] : shown.rotations)

@@ -12,15 +12,20 @@ void FeatureCounts::add(FeatureKind kind, const std::u16string& name, const std:
     texts[kind].insert(name);
 }
 
-void FeatureCounts::add(const CrossSectionXdata& section)
+void FeatureCounts::add(const CrossSectionXdata& section, const FeatureKinds& wanted)
 {
+    const auto note = [&](FeatureKind kind, const std::u16string& name, const std::u16string& file)
+    {
+        if (wanted[kind])
+            add(kind, name, file);
+    };
     for (const ListBlockData* rows : {&section.m_listBlockData1, &section.m_listBlockData2})
         for (const BlockData& row : *rows)
-            add(kNames, row.m_strName, row.m_strFile);
+            note(kNames, row.m_strName, row.m_strFile);
     for (const BlockFcode& row : section.m_listBlockFcode1)
-        add(kSectionCodes, row.m_strFcode, row.m_strFile);
+        note(kSectionCodes, row.m_strFcode, row.m_strFile);
     for (const BlockFcode& row : section.m_listBlockFcode2)
-        add(kPlanCodes, row.m_strFcode, row.m_strFile);
+        note(kPlanCodes, row.m_strFcode, row.m_strFile);
 }
 
 std::vector<std::u16string> FeatureCounts::files() const

@@ -23,6 +23,10 @@ enum FeatureKind : size_t
     kFeatureKindCount
 };
 
+/// Some of the kinds.
+using FeatureKinds = std::array<bool, kFeatureKindCount>;
+inline constexpr FeatureKinds kAllKinds{true, true, true, true};
+
 /// How often each symbol file, or none (empty), goes with a name.
 using CountByFile = std::map<std::u16string, size_t>;
 /// The same for each name, by the rule by which the module compares names.
@@ -35,7 +39,7 @@ struct FeatureCounts
     std::array<std::set<std::u16string>, kFeatureKindCount> texts; ///< the names in every way they are written
 
     void add(FeatureKind kind, const std::u16string& name, const std::u16string& file, size_t count = 1);
-    void add(const CrossSectionXdata& section);
+    void add(const CrossSectionXdata& section, const FeatureKinds& wanted = kAllKinds);
     /// Each symbol file once.
     std::vector<std::u16string> files() const;
 };

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace console
 {
@@ -100,8 +99,6 @@ private:
         const std::string place = "row " + inQuotes(key) + " of " + titleOf(m_kind) + ": " + inQuotes(number);
         if (!StartsWithReal(number) && !(number.empty() && m_kind == kTableCodes))
             m_file.problems.push_back(place + " is no number and counts as 0");
-        else if (!std::isfinite(ToReal(number)))
-            m_file.problems.push_back(place + " is too large a number: drawings hold 0 in its place");
     }
 
     RowFile& m_file;

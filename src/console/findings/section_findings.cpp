@@ -60,12 +60,13 @@ void addCoinciding(SectionFindings& findings, const SectionName& place, const Cr
                 findings.coinciding.push_back({place, toUtf8(name), offset, count});
 }
 
-void addRows(SectionFindings& findings, const SectionName& place, const CrossSectionXdata& section)
+void addRows(SectionFindings& findings, const SectionName& place, const CrossSectionXdata& section,
+             const FeatureKinds& drawn)
 {
     std::set<std::u16string> files;
     const auto note = [&](FeatureKind kind, const std::u16string& name, const SymbolLook& look)
     {
-        if (!look.m_strFile.empty())
+        if (!look.m_strFile.empty() && drawn[kind])
             files.insert(look.m_strFile);
         if (isWideRotation(look.m_dRotation))
             findings.wideRotations[{kind, name}] = look.m_dRotation;
@@ -96,13 +97,13 @@ bool isWideRotation(double radians)
     return std::abs(radians) > kWholeTurn;
 }
 
-void SectionFindings::add(const ItemReferenceLine& line)
+void SectionFindings::add(const ItemReferenceLine& line, const FeatureKinds& drawn)
 {
     const std::string name = toUtf8(line.m_strName);
     for (const CrossSectionXdata& section : line.m_listCrossSections)
     {
         const SectionName place{name, toUtf8(section.m_strName)};
-        addRows(*this, place, section);
+        addRows(*this, place, section, drawn);
         addSides(*this, place, section);
         addCoinciding(*this, place, section);
     }

@@ -64,9 +64,10 @@ struct SectionFindings
     std::vector<CoincidingRows> coinciding;
     std::vector<RaisedSection> raised;
     std::map<std::pair<FeatureKind, std::u16string>, double> wideRotations;
-    std::map<std::u16string, std::vector<SectionName>> sectionsOfFile; ///< by the path that rows have
+    std::map<std::u16string, std::vector<SectionName>> sectionsOfFile; ///< that need it, by the path that rows have
 
-    void add(const ItemReferenceLine& line);
+    /// `drawn` are the kinds whose symbols are drawn on the alignment.
+    void add(const ItemReferenceLine& line, const FeatureKinds& drawn);
     /// How many of the rows have another one under them.
     size_t superfluousRows() const;
 };

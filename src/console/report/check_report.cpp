@@ -141,13 +141,15 @@ std::vector<LostFile> CheckReport::lostFiles() const
     {
         if (file.reason.empty() || file.inDrawing)
             continue;
-        LostFile& entry = lost.emplace_back(LostFile{toUtf8(path), file.found.empty(), {}, {}});
+        LostFile entry{toUtf8(path), file.found.empty(), {}, {}};
         for (size_t kind = 0; kind < kFeatureKindCount; ++kind)
-            for (const auto& [name, counts] : features.kinds[kind])
+            for (const auto& [name, counts] : needed.kinds[kind])
                 if (const auto used = counts.find(path); used != counts.end())
                     entry.names.push_back({static_cast<FeatureKind>(kind), name, used->second});
         if (const auto places = sections.sectionsOfFile.find(path); places != sections.sectionsOfFile.end())
             entry.sections = places->second;
+        if (!entry.names.empty())
+            lost.push_back(std::move(entry));
     }
     return lost;
 }

@@ -86,6 +86,7 @@ struct CheckReport
     std::vector<std::string> lockedAlignments;
     std::string layout; ///< that the drawing was saved on; empty for model space
     FeatureCounts features;
+    FeatureCounts needed; ///< those of them whose symbols the settings have drawn
     SectionFindings sections;
     std::vector<WideRotation> wideRotations;
     std::vector<BadLayer> badLayers;

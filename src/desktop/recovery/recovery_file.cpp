@@ -77,8 +77,8 @@ std::string headOf(const RecoveryNote& note)
     addLine(head, "device", std::to_string(note.seen.device));
     addLine(head, "inode", std::to_string(note.seen.inode));
     addLine(head, "size", std::to_string(note.seen.size));
-    addLine(head, "seconds", std::to_string(note.seen.changed.tv_sec));
-    addLine(head, "nanoseconds", std::to_string(note.seen.changed.tv_nsec));
+    addLine(head, "seconds", std::to_string(note.seen.modified.tv_sec));
+    addLine(head, "nanoseconds", std::to_string(note.seen.modified.tv_nsec));
     addLine(head, "converted", note.isConverted ? "1" : "0");
     addLine(head, "written", std::to_string(std::time(nullptr)));
     addLine(head, "process", std::to_string(getpid()));
@@ -174,7 +174,7 @@ std::optional<RecoveryNote> readRecoveryNote(const std::string& file)
     note.seen.device = numberOf<dev_t>(values, "device");
     note.seen.inode = numberOf<ino_t>(values, "inode");
     note.seen.size = numberOf<off_t>(values, "size");
-    note.seen.changed = {numberOf<time_t>(values, "seconds"), numberOf<long>(values, "nanoseconds")};
+    note.seen.modified = {numberOf<time_t>(values, "seconds"), numberOf<long>(values, "nanoseconds")};
     note.isConverted = values["converted"] == "1";
     note.written = numberOf<long>(values, "written");
     note.process = numberOf<long>(values, "process");

@@ -26,7 +26,8 @@ std::vector<picture::Page> sectionsOf(const RenderArguments& arguments, picture:
 {
     const AcDbObjectPointer<PlxDbAlignment> alignment{findAlignment(lists.database(), arguments.alignment)};
     const std::string list = arguments.sections.empty() ? "all" : arguments.sections;
-    return sectionPages(lists.database(), lists.modelSpace(), *alignment, ParseSectionList(list, alignment->sections().size()));
+    return sectionPages(lists.database(), lists.modelSpace(), *alignment,
+                        ParseSectionList(list, alignment->sections().size()));
 }
 
 /// "road.png" with a number before its ending, as many digits as the last one has.

@@ -36,8 +36,10 @@ public:
         addAlignments();
         addGround();
         console::SectionFindings findings;
+        console::FeatureKinds every;
+        every.fill(true);
         for (const ItemReferenceLine& line : m_sections.lines())
-            findings.add(line);
+            findings.add(line, every);
         addRows(findings);
         addDamage();
         addNotes();

@@ -153,6 +153,31 @@ TEST_F(Companion, ProjectConfigKeepsLinesThroughSaveAndOpen)
     }
 }
 
+TEST_F(Companion, ProjectConfigFindsAKeyByItsOwnSpellingFirst)
+{
+    m_session.open(TestDrawing{1015}.dxf());
+    {
+        const TestLock lock;
+        ProjectConfig::Write(&drawing(), u"first", {u"1"});
+        ProjectConfig::Write(&drawing(), u"other", {u"2"});
+    }
+    m_session.open(replaced(m_session.saved(), "\nother\n", "\nFIRST\n"));
+    const auto read = [&](const std::u16string& key)
+    {
+        std::vector<std::u16string> lines;
+        ProjectConfig::Read(&drawing(), key, lines);
+        return lines;
+    };
+    EXPECT_THAT(read(u"FIRST"), ElementsAre(u"2"));
+    EXPECT_THAT(read(u"First"), ElementsAre(u"1"));
+    {
+        const TestLock lock;
+        ProjectConfig::Write(&drawing(), u"FIRST", {u"3"});
+    }
+    EXPECT_THAT(read(u"first"), ElementsAre(u"1"));
+    EXPECT_THAT(read(u"FIRST"), ElementsAre(u"3"));
+}
+
 TEST_F(Companion, RepeatedFieldsAreReadByNumber)
 {
     TestDrawing text;

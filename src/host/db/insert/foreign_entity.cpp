@@ -61,6 +61,16 @@ void repairNormal(std::vector<CarriedPair>& pairs)
             pairs[i + 2].value = "1.0";
 }
 
+/// Every entity names its layer.
+void ensureLayer(std::vector<CarriedPair>& pairs)
+{
+    const auto has = [](int code) { return [code](const CarriedPair& pair) { return pair.code == code; }; };
+    if (std::any_of(pairs.begin(), pairs.end(), has(dxf::kLayer)))
+        return;
+    const auto marker = std::find_if(pairs.begin(), pairs.end(), has(100));
+    pairs.insert(marker == pairs.end() ? pairs.begin() : marker + 1, {dxf::kLayer, "0"});
+}
+
 /// Applications of the kind whose data names objects of the source.
 std::string_view leftApplication(std::string_view kind)
 {
@@ -162,6 +172,7 @@ void ForeignEntity::carryOwn(std::string_view text)
         for (const Tag& tag : inPointOrder(text))
             carry(tag);
     repairNormal(m_pairs);
+    ensureLayer(m_pairs);
 }
 
 std::string ForeignEntity::write(std::string_view kind, std::string_view pairs, uint64_t handle, uint64_t owner,

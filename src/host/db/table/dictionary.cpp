@@ -5,6 +5,8 @@
 #include "store/pair_edit.h"
 #include "store/text/text.h"
 
+#include <algorithm>
+
 ACRX_DEFINE_MEMBERS(AcDbDictionary, AcDbObject, u"DICTIONARY")
 ACRX_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, u"XRECORD")
 
@@ -22,15 +24,29 @@ bool isEntryHandle(int code)
 
 } // namespace
 
+/// The entry of a name as it is spelled, else of one that differs in case and composition only; the number of entries
+/// when there is none.
+template <class Counts>
+size_t AcDbDictionary::indexOf(std::u16string_view name, Counts counts) const
+{
+    const auto first = [&](auto isNamed)
+    {
+        const auto at = std::find_if(m_entries.begin(), m_entries.end(),
+                                     [&](const auto& entry) { return isNamed(entry.first) && counts(entry.second); });
+        return static_cast<size_t>(at - m_entries.begin());
+    };
+    const size_t exact = first([&](const std::u16string& entry) { return entry == name; });
+    return exact < m_entries.size() ? exact
+                                    : first([&](const std::u16string& entry) { return equalNoCase(entry, name); });
+}
+
 Acad::ErrorStatus AcDbDictionary::getAt(const std::u16string& name, AcDbObjectId& id) const
 {
-    for (const auto& [entry, object] : m_entries)
-        if (equalNoCase(entry, name) && !object.isErased())
-        {
-            id = object;
-            return Acad::eOk;
-        }
-    return Acad::eKeyNotFound;
+    const size_t index = indexOf(name, [](const AcDbObjectId& object) { return !object.isErased(); });
+    if (index == m_entries.size())
+        return Acad::eKeyNotFound;
+    id = m_entries[index].second;
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDictionary::setAt(const std::u16string& name, AcDbObject* object, AcDbObjectId& id)
@@ -44,9 +60,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const std::u16string& name, AcDbObject* 
     }
     if (!object->objectId().isNull() || object->isA()->dxfName() == nullptr)
         return Acad::eAlreadyInDb;
-    size_t index = 0;
-    while (index < m_entries.size() && !equalNoCase(m_entries[index].first, name))
-        ++index;
+    const size_t index = indexOf(name, [](const AcDbObjectId&) { return true; });
     database()->take(*object, objectId().record()->container, objectId().handle().value());
     id = object->objectId();
     if (index < m_entries.size())

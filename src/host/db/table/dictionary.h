@@ -3,10 +3,12 @@
 #include "host/db/object.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-/// Objects by name; names are compared without regard to case.
+/// Objects by name. A name leads to the entry of its own spelling, else to one that differs in case and composition
+/// only.
 class AcDbDictionary : public AcDbObject
 {
 public:
@@ -23,6 +25,8 @@ protected:
     void encode(TagWriter& out) const override;
 
 private:
+    template <class Counts>
+    size_t indexOf(std::u16string_view name, Counts counts) const;
     Acad::ErrorStatus replaceEntry(size_t index, AcDbObjectId id);
     void appendEntry(const std::u16string& name, AcDbObjectId id);
 
