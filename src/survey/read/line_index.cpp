@@ -47,8 +47,8 @@ uint32_t LineIndex::lineOf(size_t offset) const
     while (from < near && m_ends[from] < offset)
         ++from;
     if (from == near)
-        from =
-            static_cast<size_t>(std::lower_bound(&m_ends[0] + from, &m_ends[0] + m_ends.size(), offset) - &m_ends[0]);
+        from = static_cast<size_t>(std::lower_bound(m_ends.data() + from, m_ends.data() + m_ends.size(), offset) -
+                                   m_ends.data());
     m_last = from;
     return static_cast<uint32_t>(from) + 1;
 }
