@@ -463,7 +463,9 @@ void MainWindow::escape()
 {
     const bool wasAsking = m_interpreter.cancel();
     DocumentTab* tab = currentTab();
-    const bool hadTool = tab != nullptr && (tab->view().cancel() | tab->sectionView().cancel());
+    const bool planHadTool = tab != nullptr && tab->view().cancel();
+    const bool sectionHadTool = tab != nullptr && tab->sectionView().cancel();
+    const bool hadTool = planHadTool || sectionHadTool;
     if (!wasAsking && !hadTool)
         select(AcDbObjectId::kNull);
 }
