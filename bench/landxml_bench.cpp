@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 #include <cmath>
+#include <cstdarg>
+#include <cstdio>
 #include <cstring>
 #include <pugixml.hpp>
 #include <string>
@@ -13,10 +15,13 @@ namespace
 
 constexpr size_t kSize = 100'000'000;
 
-void append(std::string& text, const char* format, auto... values)
+[[gnu::format(printf, 2, 3)]] void append(std::string& text, const char* format, ...)
 {
     char line[200];
-    const int length = std::snprintf(line, sizeof line, format, values...);
+    va_list values;
+    va_start(values, format);
+    const int length = std::vsnprintf(line, sizeof line, format, values);
+    va_end(values);
     text.append(line, static_cast<size_t>(length));
 }
 
